@@ -1,0 +1,165 @@
+#pragma once
+
+#include "foundation/dev.h"
+
+#include <cstring>
+#include <new>
+
+// Pointers sorted by a 32-bit key in one array; it owns nothing that it points at. Key 0 is reserved.
+template <typename T>
+class Map
+{
+public:
+    struct sEntryTag
+    {
+        T* value;
+        unsigned int key;
+    };
+
+    class Iterator
+    {
+    public:
+        explicit Iterator(sEntryTag* entry = nullptr) : mpEntry(entry) {}
+
+        T* operator*() const { return mpEntry->value; }
+        unsigned int getKey() const { return mpEntry->key; }
+
+        Iterator& operator++()
+        {
+            ++mpEntry;
+            return *this;
+        }
+
+        bool operator==(const Iterator&) const = default;
+
+    private:
+        sEntryTag* mpEntry;
+    };
+
+    explicit Map(unsigned int capacity = 0)
+    {
+        if (capacity)
+            reserve(capacity);
+    }
+
+    ~Map() { delete[] mpArray; }
+
+    Map(const Map&) = delete;
+    Map& operator=(const Map&) = delete;
+
+    void reserve(unsigned int capacity);
+
+    // Asserts a key of 0 and one that is present.
+    void add(T* value, unsigned int key);
+
+    // Does nothing when the key is absent.
+    void remove(unsigned int key);
+
+    // Null when the key is absent.
+    T* find(unsigned int key) const
+    {
+        if (empty() || key < mLowest || key > mHighest)
+            return nullptr;
+        const unsigned int place = findNearest(key);
+        return mpArray[place].key == key ? mpArray[place].value : nullptr;
+    }
+
+    // Between the lowest and the highest key, the place where `key` stands or would be inserted; 0 when empty.
+    unsigned int findNearest(unsigned int key) const;
+
+    unsigned int size() const { return mSize; }
+    bool empty() const { return mSize == 0; }
+
+    void clear() { mSize = 0; }
+
+    Iterator begin() const { return Iterator(mpArray); }
+    Iterator end() const { return Iterator(mpArray + mSize); }
+
+private:
+    void insertAt(unsigned int place, T* value, unsigned int key);
+
+    sEntryTag* mpArray = nullptr;
+    unsigned int mLowest = 0;
+    unsigned int mHighest = 0;
+    unsigned int mSize = 0;
+    unsigned int mCapacity = 0;
+};
+
+template <typename T>
+void Map<T>::reserve(unsigned int capacity)
+{
+    if (capacity < mSize)
+        dev_assert("Invalid size.", __FILE__, __LINE__);
+    if (capacity == mCapacity)
+        return;
+    sEntryTag* array = new (std::nothrow) sEntryTag[capacity]();
+    if (!array)
+        dev_assert("Not enough memory.", __FILE__, __LINE__);
+    if (mSize)
+        std::memcpy(array, mpArray, mSize * sizeof(sEntryTag));
+    delete[] mpArray;
+    mpArray = array;
+    mCapacity = capacity;
+}
+
+template <typename T>
+void Map<T>::add(T* value, unsigned int key)
+{
+    if (key == 0)
+        dev_assert("ID number 0 is reserved.", __FILE__, __LINE__);
+    if (mSize == mCapacity)
+        reserve(mCapacity ? mCapacity * 2 : 16);
+
+    if (empty())
+        insertAt(0, value, key);
+    else if (key < mLowest)
+        insertAt(0, value, key);
+    else if (key > mHighest)
+        insertAt(mSize, value, key);
+    else
+    {
+        const unsigned int place = findNearest(key);
+        if (mpArray[place].key == key)
+            dev_assert("ID number conflict.", __FILE__, __LINE__);
+        insertAt(place, value, key);
+    }
+}
+
+template <typename T>
+void Map<T>::remove(unsigned int key)
+{
+    if (!find(key))
+        return;
+    const unsigned int place = findNearest(key);
+    std::memmove(mpArray + place, mpArray + place + 1, (mSize - place - 1) * sizeof(sEntryTag));
+    if (--mSize == 0)
+        return;
+    mLowest = mpArray[0].key;
+    mHighest = mpArray[mSize - 1].key;
+}
+
+template <typename T>
+unsigned int Map<T>::findNearest(unsigned int key) const
+{
+    if (empty())
+        return 0;
+    unsigned int low = 0;
+    unsigned int high = mSize - 1;
+    for (unsigned int middle = high / 2; high - low > 1; middle = (low + high) / 2)
+    {
+        if (mpArray[middle].key == key)
+            return middle;
+        (mpArray[middle].key > key ? high : low) = middle;
+    }
+    return mpArray[low].key == key ? low : high;
+}
+
+template <typename T>
+void Map<T>::insertAt(unsigned int place, T* value, unsigned int key)
+{
+    std::memmove(mpArray + place + 1, mpArray + place, (mSize - place) * sizeof(sEntryTag));
+    mpArray[place] = {value, key};
+    ++mSize;
+    mLowest = mpArray[0].key;
+    mHighest = mpArray[mSize - 1].key;
+}

@@ -1,0 +1,198 @@
+#pragma once
+
+#include <atomic>
+
+#include <pthread.h>
+
+// One 32-bit value. Every modifying operation returns the value from before the change.
+class Atomic
+{
+public:
+    constexpr Atomic(int value = 0) : mValue(value) {}
+
+    Atomic(const Atomic&) = delete;
+    Atomic& operator=(const Atomic&) = delete;
+
+    int get() const { return mValue.load(std::memory_order_acquire); }
+    void setDirect(int value) { mValue.store(value, std::memory_order_release); }
+
+    int set(int value)
+    {
+        for (;;)
+        {
+            const int old = add(0);
+            if (compareAndSet(old, value))
+                return old;
+        }
+    }
+
+    // True if the value was `expected` and is now `desired`.
+    bool compareAndSet(int expected, int desired) { return mValue.compare_exchange_strong(expected, desired); }
+
+    int increment() { return mValue.fetch_add(1); }
+    int decrement() { return mValue.fetch_sub(1); }
+    int add(int amount) { return mValue.fetch_add(amount); }
+    int sub(int amount) { return mValue.fetch_sub(amount); }
+
+private:
+    std::atomic<int> mValue;
+};
+
+// For critical work of a few instructions. Not recursive.
+class SpinLock
+{
+public:
+    SpinLock() = default;
+    SpinLock(const SpinLock&) = delete;
+    SpinLock& operator=(const SpinLock&) = delete;
+
+    void lock();
+    void unlock();
+
+private:
+    std::atomic<int> mWord = 0;
+};
+
+// A recursive lock, held inline so that entering it never allocates.
+class CriticalSection
+{
+public:
+    CriticalSection();
+    ~CriticalSection();
+
+    CriticalSection(const CriticalSection&) = delete;
+    CriticalSection& operator=(const CriticalSection&) = delete;
+
+    void enter();
+    bool tryEnter();
+    void leave();
+
+private:
+    pthread_mutex_t mMutex;
+};
+
+// Holds anything with enter() and leave() for the length of a scope; null holds nothing.
+template <typename Lock>
+class ScopedLock
+{
+public:
+    explicit ScopedLock(Lock* lock) : mpLock(lock)
+    {
+        if (mpLock)
+            mpLock->enter();
+    }
+
+    explicit ScopedLock(Lock& lock) : ScopedLock(&lock) {}
+
+    ~ScopedLock()
+    {
+        if (mpLock)
+            mpLock->leave();
+    }
+
+    ScopedLock(const ScopedLock&) = delete;
+    ScopedLock& operator=(const ScopedLock&) = delete;
+
+private:
+    Lock* mpLock;
+};
+
+// A gate for one waiter: wait() consumes the signal, a set() without a waiter is kept.
+class Event
+{
+public:
+    Event();
+    ~Event();
+
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+    void set();
+
+    // 0 when signalled, 1 after `milliseconds`, which are limited to 0x7ffffffe.
+    unsigned int wait(unsigned int milliseconds);
+
+private:
+    pthread_mutex_t mMutex;
+    pthread_cond_t mCondition;
+    bool mSignalled = false;
+};
+
+class Semaphore
+{
+public:
+    Semaphore(unsigned int maximum, unsigned int initial);
+    ~Semaphore();
+
+    Semaphore(const Semaphore&) = delete;
+    Semaphore& operator=(const Semaphore&) = delete;
+
+    // 1 when done, 0 when the count was at its maximum.
+    unsigned int signal();
+
+    // Waits without limit; 1 when acquired.
+    unsigned int wait();
+
+private:
+    pthread_mutex_t mMutex;
+    pthread_cond_t mCondition;
+    unsigned int mMaximum;
+    unsigned int mCount;
+};
+
+// A thread that waits at a gate until run(). A concrete class terminates, wakes and waits for its thread in its own
+// destructor, since the thread must not outlive the members that it uses.
+class Thread
+{
+public:
+    // Highest first.
+    enum class ePriority
+    {
+        Highest,
+        Higher,
+        High,
+        Normal,
+        Low,
+        Lowest,
+    };
+
+    enum eStatus
+    {
+        Created = 0,
+        Running = 1,
+        Terminating = 2,
+        Terminated = 3,
+    };
+
+    // `stackSize` in bytes is a minimum; at least 1 MiB is used.
+    explicit Thread(unsigned int stackSize);
+    virtual ~Thread();
+
+    Thread(const Thread&) = delete;
+    Thread& operator=(const Thread&) = delete;
+
+    void run();
+    void terminate();
+    void waitForTermination();
+
+    int getStatus() const { return mStatus.get(); }
+    bool checkTerminateRequest() const { return mStatus.get() == Terminating; }
+
+    // Only a hint to the scheduler; failure is ignored.
+    void setPriority(ePriority priority);
+
+    static void sleep(unsigned int milliseconds);
+    static void yield();
+
+private:
+    // Runs on the new thread; polls checkTerminateRequest().
+    virtual void execute() = 0;
+
+    void prepare();
+    static void* innerFunction(void* thread);
+
+    pthread_t mThread;
+    Event mGate;
+    Atomic mStatus;
+    Atomic mSystemID;
+};
