@@ -67,8 +67,10 @@ public:
     constexpr sColorF() = default;
     constexpr sColorF(float red, float green, float blue, float alpha) : r(red), g(green), b(blue), a(alpha) {}
     constexpr sColorF(sColor color)
-        : r(static_cast<float>(color.r) / 255.0f), g(static_cast<float>(color.g) / 255.0f),
-          b(static_cast<float>(color.b) / 255.0f), a(static_cast<float>(color.a) / 255.0f)
+        : r(static_cast<float>(color.r) / 255.0f),
+          g(static_cast<float>(color.g) / 255.0f),
+          b(static_cast<float>(color.b) / 255.0f),
+          a(static_cast<float>(color.a) / 255.0f)
     {
     }
 

@@ -15,11 +15,7 @@ public:
 
     constexpr sPointTemplate() = default;
     constexpr sPointTemplate(int newX, int newY) : x(fromInt(newX)), y(fromInt(newY)) {}
-    constexpr sPointTemplate(sFixed newX, sFixed newY)
-        requires std::is_same_v<T, sFixed>
-        : x(newX), y(newY)
-    {
-    }
+    constexpr sPointTemplate(sFixed newX, sFixed newY) requires std::is_same_v<T, sFixed> : x(newX), y(newY) {}
 
     constexpr sPointTemplate operator+(const sPointTemplate& other) const
     {

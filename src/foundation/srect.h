@@ -46,6 +46,7 @@ template <typename T, typename S, T Minimum, T Maximum>
 inline constexpr sRectTemplate<T, S, Minimum, Maximum> sRectTemplate<T, S, Minimum, Maximum>::Zero{0, 0, 0, 0};
 
 template <typename T, typename S, T Minimum, T Maximum>
-inline constexpr sRectTemplate<T, S, Minimum, Maximum> sRectTemplate<T, S, Minimum, Maximum>::Max{0, 0, Maximum, Maximum};
+inline constexpr sRectTemplate<T, S, Minimum, Maximum> sRectTemplate<T, S, Minimum, Maximum>::Max{0, 0, Maximum,
+                                                                                                  Maximum};
 
 using sRect = sRectTemplate<int, unsigned int, -2147483647 - 1, 2147483647>;
