@@ -2,25 +2,24 @@
 
 #include "reflection/typeinfo.h"
 
-// A record whose newInstance() makes an X, through X's own operator new and with its default arguments; an abstract
-// class and a singleton make none.
-template <typename X, eTypeAttribute Attribute = eTypeAttribute::None>
+#include <type_traits>
+
+// A record whose newInstance() makes an X, through X's own operator new and with its default arguments.
+template <typename X>
 class UniqueTypeInfo : public TypeInfo
 {
 public:
-    UniqueTypeInfo(const char* name, const char* baseName)
-        : TypeInfo(name, baseName, static_cast<unsigned int>(Attribute))
+    UniqueTypeInfo(const char* name, const char* baseName, unsigned int attribute = 0)
+        : TypeInfo(name, baseName, attribute)
     {
     }
 
-    ObjectBase* newInstance() const override
-    {
-        if constexpr (Attribute == eTypeAttribute::None)
-            return new X;
-        else
-            return nullptr;
-    }
+    ObjectBase* newInstance() const override { return new X; }
 };
+
+// Of an abstract class and of a singleton nothing makes an instance.
+template <typename X, eTypeAttribute Attribute>
+using TypeRecord = std::conditional_t<Attribute == eTypeAttribute::None, UniqueTypeInfo<X>, TypeInfo>;
 
 // Stands first in a class derived from ObjectBase and declares what answers for its record.
 #define REFLECTED(Class)                                                                                               \
@@ -36,10 +35,11 @@ private:
     template <typename X>                                                                                              \
     struct ObjectTypeInfo##Class                                                                                       \
     {                                                                                                                  \
-        static UniqueTypeInfo<X, attribute> mUniqueTypeInfo;                                                           \
+        static TypeRecord<X, attribute> mUniqueTypeInfo;                                                               \
     };                                                                                                                 \
     template <>                                                                                                        \
-    UniqueTypeInfo<Class, attribute> ObjectTypeInfo##Class<Class>::mUniqueTypeInfo(#Class, baseName);                  \
+    TypeRecord<Class, attribute> ObjectTypeInfo##Class<Class>::mUniqueTypeInfo(#Class, baseName,                       \
+                                                                               static_cast<unsigned int>(attribute));  \
     TypeInfo* Class::getStaticTypeInfo()                                                                               \
     {                                                                                                                  \
         return &ObjectTypeInfo##Class<Class>::mUniqueTypeInfo;                                                         \
