@@ -1,0 +1,91 @@
+#pragma once
+
+#include "foundation/autostring.h"
+#include "foundation/map.h"
+#include "io/xmlarena.h"
+#include "io/xmltextpool.h"
+
+class ObjectBase;
+class TextStream;
+
+// Reads a document into a tree and lets objects walk it by name. It knows what XmlWriter writes and no more: tags,
+// attributes and nested tags; no text between tags, no comments, no entities, and a narrow set of characters in
+// values. Text that breaks this grammar stops the program in parse(); isWellFormed() asks beforehand.
+class XmlReader
+{
+public:
+    static constexpr unsigned int MaximumDepth = 256;
+
+    XmlReader() = default;
+    ~XmlReader();
+
+    XmlReader(const XmlReader&) = delete;
+    XmlReader& operator=(const XmlReader&) = delete;
+
+    // Whether a text can stand between the quotes of an attribute: not empty, and made of letters, digits and
+    // "_+-<>./" only. A null text cannot.
+    static bool isValue(const char* text);
+    static bool isValue(const AutoString& text) { return isValue(text.c_str()); }
+
+    // Whether parse() takes the rest of the stream, in grammar and in memory. Traces the fault if not. Leaves the
+    // stream as it is.
+    [[nodiscard]] static bool isWellFormed(TextStream* stream);
+
+    // Reads the rest of the stream; once for a reader. Asserts on any fault of the grammar.
+    void parse(TextStream* stream);
+
+    // parse() for a file that comes from outside: false, with a trace, when it is not well-formed.
+    [[nodiscard]] bool load(TextStream* stream);
+
+    // Fills `object` from the tag of that name; a null object is made from the tag's "typeinfo" and is the caller's.
+    // Returns the object: unchanged when there is no such tag, null when none could be made.
+    ObjectBase* read(ObjectBase* object, const char* tagName);
+
+    // Steps into the first tag of that name below the open one, or among the roots. False, and no step, without one.
+    [[nodiscard]] bool openTag(const char* name);
+    [[nodiscard]] bool openTag(const AutoString& name) { return openTag(name.c_str()); }
+    void closeTag();
+
+    // An attribute of the open tag; the first of that name wins. AutoString::Null without one. Equal texts share one
+    // buffer.
+    AutoString getAttribute(const char* name) const;
+
+    // On purpose: it tests the open tag in each round and yields the name of a child.
+    AutoString findTag(const char* attributeName, const char* attributeValue) const;
+
+    // The object registered under a number; null when there is none.
+    ObjectBase* findObject(unsigned int id) const { return mObjects.find(id); }
+    void registerObject(ObjectBase* object, unsigned int id) { mObjects.add(object, id); }
+
+private:
+    // Names and values lie in the document's text, each ended by a zero.
+    struct sAttribute
+    {
+        const char* name = nullptr;
+        const char* value = nullptr;
+        sAttribute* next = nullptr;
+    };
+
+    struct sTag
+    {
+        const sAttribute* findAttribute(const char* attributeName) const;
+
+        const char* name = nullptr;
+        sTag* parent = nullptr;
+        sTag* next = nullptr;
+        sTag* firstChild = nullptr;
+        sTag* lastChild = nullptr;
+        sAttribute* firstAttribute = nullptr;
+    };
+
+    class TreeBuilder;
+
+    const sTag* getFirstChild() const { return mpTag ? mpTag->firstChild : mpFirstRoot; }
+
+    char* mpText = nullptr;
+    XmlArena mArena;
+    mutable XmlTextPool mTexts;
+    sTag* mpFirstRoot = nullptr;
+    const sTag* mpTag = nullptr; // the open one, null outside the roots
+    Map<ObjectBase> mObjects;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "foundation/autostring.h"
+#include "io/xmlarena.h"
+
+// The texts of one document, each kept once however often it occurs: a few names and values make up most of a
+// document. What a text may stand for is found out once as well.
+class XmlTextPool
+{
+public:
+    struct sText
+    {
+        unsigned int hash;
+        unsigned int length;
+        bool isWord;       // may name a tag or an attribute
+        bool isValue;      // may stand between the quotes of an attribute
+        AutoString string; // made when first asked for
+
+        const char* c_str() const { return reinterpret_cast<const char*>(this + 1); }
+    };
+
+    XmlTextPool() = default;
+    ~XmlTextPool();
+
+    XmlTextPool(const XmlTextPool&) = delete;
+    XmlTextPool& operator=(const XmlTextPool&) = delete;
+
+    // The one entry of that text; null counts as "". Null when the heap is full.
+    sText* share(const char* text);
+
+    // The text as a string that shares its buffer with all equal ones.
+    AutoString getString(const char* text);
+
+private:
+    sText* add(const char* text, unsigned int length, unsigned int hash);
+    bool grow();
+
+    XmlArena mArena;
+    sText** mpTable = nullptr;
+    unsigned int mCapacity = 0; // a power of two
+    unsigned int mSize = 0;
+    bool mHasStrings = false;
+};

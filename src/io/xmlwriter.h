@@ -1,0 +1,92 @@
+#pragma once
+
+#include "foundation/autostring.h"
+#include "foundation/map.h"
+#include "io/xmlarena.h"
+#include "io/xmltextpool.h"
+
+class ObjectBase;
+class TextStream;
+
+// Collects a document as a tree and prints it in one go, so that attributes and child tags may come in any order.
+// It also numbers the objects of the document and knows which of them it has seen, so that each is written once.
+// A tree that outgrows the memory is given up with a trace: further calls do nothing and isReadable() says no.
+class XmlWriter
+{
+public:
+    // Opens the root tag.
+    explicit XmlWriter(const char* rootName);
+
+    // Asserts that no tag but the root is open. Prints nothing.
+    ~XmlWriter();
+
+    XmlWriter(const XmlWriter&) = delete;
+    XmlWriter& operator=(const XmlWriter&) = delete;
+
+    void openTag(const char* name);
+    void openTag(const AutoString& name) { openTag(name.c_str()); }
+    void closeTag();
+
+    // To the open tag. Values are kept and printed as they are; null prints as nothing.
+    void addAttribute(const char* name, const char* value);
+    void addAttribute(const AutoString& name, const AutoString& value) { addAttribute(name.c_str(), value.c_str()); }
+
+    // The number of an object in this document: 1, 2, 3, ... in the order of the first call for each.
+    unsigned int getIdentity(const ObjectBase* object);
+
+    // The object registered under a number; null when there is none.
+    ObjectBase* findObject(unsigned int id) const { return mObjects.find(id); }
+    void registerObject(ObjectBase* object, unsigned int id);
+
+    // Whether XmlReader takes what write() would print: complete, all names words, all values values, not nested
+    // too deeply.
+    bool isReadable() const;
+
+    // Once at most, with only the root open; closes it.
+    void write(TextStream* stream);
+
+private:
+    struct sAttribute
+    {
+        const XmlTextPool::sText* name;
+        const XmlTextPool::sText* value;
+        sAttribute* next = nullptr;
+    };
+
+    struct sTag
+    {
+        const XmlTextPool::sText* name = nullptr;
+        sTag* parent = nullptr;
+        sTag* next = nullptr;
+        sTag* firstChild = nullptr;
+        sTag* lastChild = nullptr;
+        sAttribute* firstAttribute = nullptr;
+        sAttribute* lastAttribute = nullptr;
+    };
+
+    struct sIdentity
+    {
+        const ObjectBase* object;
+        unsigned int id;
+    };
+
+    class Printer;
+
+    sTag* makeTag(const char* name);
+    void giveUp();
+    bool growIdentities();
+
+    XmlArena mArena;
+    XmlTextPool mTexts;
+    sTag* mpFirstRoot = nullptr;
+    sTag* mpLastRoot = nullptr;
+    sTag* mpTag = nullptr;   // the open one; its parents are the open ancestors
+    unsigned int mDepth = 0; // open tags
+    unsigned int mLost = 0;  // open tags among them that found no memory
+    bool mComplete = true;
+    bool mReadable = true;
+    Map<ObjectBase> mObjects;
+    sIdentity* mpIdentity = nullptr;
+    unsigned int mIdentityCapacity = 0; // a power of two
+    unsigned int mIdentityNum = 0;
+};
