@@ -66,6 +66,13 @@ void Platform::setQuitHandler(QuitCallback callback, void* userData)
     mQuitHandler = {callback, userData};
 }
 
+void Platform::removeHandlers()
+{
+    mTimer = {};
+    mMouse = {};
+    mQuitHandler = {};
+}
+
 void Platform::runEventLoop()
 {
     mQuit = false;

@@ -64,10 +64,10 @@ public:
     // Both are refused while no window is open.
     [[nodiscard]] bool installTimer(TimerCallback callback, void* userData);
     [[nodiscard]] bool installMouseHandler(MouseCallback callback, void* userData);
-    void removeTimer() { mTimer = {}; }
 
     // Hears of the close box; without a handler the close box ends the loop.
     void setQuitHandler(QuitCallback callback, void* userData);
+    void removeHandlers();
 
     // Delivers events and fires the timer until quitEventLoop() is called or a signal asks to end.
     void runEventLoop();
