@@ -1,5 +1,8 @@
 #pragma once
 
+template <typename T>
+class List;
+
 // A link of a chain that runs both ways; it refers to its value and owns nothing.
 template <typename T>
 class sLinkNode
@@ -42,6 +45,9 @@ public:
     }
 
 private:
+    // Chains its free nodes by their next side alone.
+    friend class List<T>;
+
     sLinkNode* mpPrevious = nullptr;
     sLinkNode* mpNext = nullptr;
     T* mpValue = nullptr;

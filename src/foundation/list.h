@@ -2,11 +2,12 @@
 
 #include "foundation/dev.h"
 #include "foundation/linknode.h"
+#include "foundation/minmax.h"
 
 #include <new>
 
 // A list of pointers inside its own pool of nodes; it owns nothing that it points at. A growing pool moves its nodes:
-// iterators die with it.
+// iterators die then.
 template <typename T>
 class List
 {
@@ -124,11 +125,12 @@ public:
     reverse_iterator rend() const { return reverse_iterator(); }
 
 private:
+    void grow();
     sLinkNode<T>* takeNode(T* value);
     void freeNode(sLinkNode<T>* node);
+    sLinkNode<T>* keepPlaceWhileGrowing(sLinkNode<T>* place);
     void insertBefore(sLinkNode<T>* place, T* value);
     void insertBehind(sLinkNode<T>* place, T* value);
-    void chainFree(unsigned int first);
 
     sLinkNode<T>* mpPool = nullptr;
     sLinkNode<T>* mpHead = nullptr;
@@ -144,46 +146,57 @@ void List<T>::reserve(unsigned int capacity)
     if (capacity < mSize)
         dev_assert("Invalid size.", __FILE__, __LINE__);
 
-    sLinkNode<T>* old = mpPool;
-    sLinkNode<T>* source = mpHead;
-
-    mpPool = capacity ? new (std::nothrow) sLinkNode<T>[capacity] : nullptr;
-    if (capacity && !mpPool)
+    sLinkNode<T>* pool = capacity ? new (std::nothrow) sLinkNode<T>[capacity] : nullptr;
+    if (capacity && !pool)
         dev_assert("Not enough memory.", __FILE__, __LINE__);
-    mCapacity = capacity;
 
+    const sLinkNode<T>* source = mpHead;
     for (unsigned int i = 0; i < mSize; ++i, source = source->next())
     {
-        mpPool[i].set(source->get());
-        if (i)
-            mpPool[i - 1].insertBackFront(&mpPool[i]);
+        pool[i].mpValue = source->get();
+        pool[i].mpPrevious = i ? &pool[i - 1] : nullptr;
+        pool[i].mpNext = i + 1 < mSize ? &pool[i + 1] : nullptr;
     }
-    mpHead = mSize ? mpPool : nullptr;
-    mpTail = mSize ? &mpPool[mSize - 1] : nullptr;
-    chainFree(mSize);
-    delete[] old;
+    for (unsigned int i = mSize; i + 1 < capacity; ++i)
+        pool[i].mpNext = &pool[i + 1];
+
+    delete[] mpPool;
+    mpPool = pool;
+    mpHead = mSize ? pool : nullptr;
+    mpTail = mSize ? &pool[mSize - 1] : nullptr;
+    mpFree = mSize < capacity ? &pool[mSize] : nullptr;
+    mCapacity = capacity;
 }
 
 template <typename T>
 void List<T>::clear()
 {
-    for (unsigned int i = 0; i < mCapacity; ++i)
-        mpPool[i] = sLinkNode<T>();
+    if (!mpTail)
+        return;
+    mpTail->mpNext = mpFree;
+    mpFree = mpHead;
     mpHead = nullptr;
     mpTail = nullptr;
     mSize = 0;
-    chainFree(0);
+}
+
+// By sixteen, or by half where that is more: adding n values copies some 3 n nodes at most.
+template <typename T>
+void List<T>::grow()
+{
+    reserve(mCapacity + maximum(16u, mCapacity / 2));
 }
 
 template <typename T>
 sLinkNode<T>* List<T>::takeNode(T* value)
 {
     if (!mpFree)
-        reserve(mCapacity + 16);
+        grow();
     sLinkNode<T>* node = mpFree;
-    mpFree = node->next();
-    node->remove();
-    node->set(value);
+    mpFree = node->mpNext;
+    node->mpPrevious = nullptr;
+    node->mpNext = nullptr;
+    node->mpValue = value;
     ++mSize;
     return node;
 }
@@ -196,40 +209,38 @@ void List<T>::freeNode(sLinkNode<T>* node)
     if (node == mpTail)
         mpTail = node->previous();
     node->remove();
-    node->set(nullptr);
-    if (mpFree)
-        mpFree->insertFront(node);
+    node->mpNext = mpFree;
     mpFree = node;
     --mSize;
+}
+
+// Growing moves the nodes, so the place is found again by its index.
+template <typename T>
+sLinkNode<T>* List<T>::keepPlaceWhileGrowing(sLinkNode<T>* place)
+{
+    if (mpFree)
+        return place;
+    const unsigned int index = getIndex(iterator(place));
+    grow();
+    return &mpPool[index];
 }
 
 template <typename T>
 void List<T>::insertBefore(sLinkNode<T>* place, T* value)
 {
-    // Growing moves the nodes, so the place is found again by its index.
-    const unsigned int index = getIndex(iterator(place));
+    place = keepPlaceWhileGrowing(place);
     sLinkNode<T>* node = takeNode(value);
-    sLinkNode<T>* moved = (begin() + static_cast<int>(index)).getNode();
-    moved->insertFront(node);
-    if (moved == mpHead)
+    place->insertFront(node);
+    if (place == mpHead)
         mpHead = node;
 }
 
 template <typename T>
 void List<T>::insertBehind(sLinkNode<T>* place, T* value)
 {
-    const unsigned int index = getIndex(iterator(place));
+    place = keepPlaceWhileGrowing(place);
     sLinkNode<T>* node = takeNode(value);
-    sLinkNode<T>* moved = (begin() + static_cast<int>(index)).getNode();
-    moved->insertBackFront(node);
-    if (moved == mpTail)
+    place->insertBackFront(node);
+    if (place == mpTail)
         mpTail = node;
-}
-
-template <typename T>
-void List<T>::chainFree(unsigned int first)
-{
-    mpFree = first < mCapacity ? &mpPool[first] : nullptr;
-    for (unsigned int i = first + 1; i < mCapacity; ++i)
-        mpPool[i - 1].insertBackFront(&mpPool[i]);
 }

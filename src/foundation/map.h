@@ -58,10 +58,8 @@ public:
     // Null when the key is absent.
     T* find(unsigned int key) const
     {
-        if (empty() || key < mLowest || key > mHighest)
-            return nullptr;
-        const unsigned int place = findNearest(key);
-        return mpArray[place].key == key ? mpArray[place].value : nullptr;
+        const unsigned int place = getPlace(key);
+        return place < mSize ? mpArray[place].value : nullptr;
     }
 
     // Between the lowest and the highest key, the place where `key` stands or would be inserted; 0 when empty.
@@ -76,6 +74,19 @@ public:
     Iterator end() const { return Iterator(mpArray + mSize); }
 
 private:
+    // The size when the key is absent.
+    unsigned int getPlace(unsigned int key) const
+    {
+        if (empty() || key < mLowest || key > mHighest)
+            return mSize;
+        if (key == mLowest)
+            return 0;
+        if (key == mHighest)
+            return mSize - 1;
+        const unsigned int place = findNearest(key);
+        return mpArray[place].key == key ? place : mSize;
+    }
+
     void insertAt(unsigned int place, T* value, unsigned int key);
 
     sEntryTag* mpArray = nullptr;
@@ -107,31 +118,27 @@ void Map<T>::add(T* value, unsigned int key)
 {
     if (key == 0)
         dev_assert("ID number 0 is reserved.", __FILE__, __LINE__);
+    if (getPlace(key) < mSize)
+        dev_assert("ID number conflict.", __FILE__, __LINE__);
     if (mSize == mCapacity)
         reserve(mCapacity ? mCapacity * 2 : 16);
 
-    if (empty())
-        insertAt(0, value, key);
-    else if (key < mLowest)
+    if (empty() || key < mLowest)
         insertAt(0, value, key);
     else if (key > mHighest)
         insertAt(mSize, value, key);
     else
-    {
-        const unsigned int place = findNearest(key);
-        if (mpArray[place].key == key)
-            dev_assert("ID number conflict.", __FILE__, __LINE__);
-        insertAt(place, value, key);
-    }
+        insertAt(findNearest(key), value, key);
 }
 
 template <typename T>
 void Map<T>::remove(unsigned int key)
 {
-    if (!find(key))
+    const unsigned int place = getPlace(key);
+    if (place == mSize)
         return;
-    const unsigned int place = findNearest(key);
     std::memmove(mpArray + place, mpArray + place + 1, (mSize - place - 1) * sizeof(sEntryTag));
+    // On purpose: the last entry leaves both extremes behind; they mean nothing while the map is empty.
     if (--mSize == 0)
         return;
     mLowest = mpArray[0].key;

@@ -3,6 +3,7 @@
 #include "foundation/dev.h"
 #include "foundation/linknode.h"
 
+#include <cstddef>
 #include <new>
 
 // A ring of pointers without a count of its own.
@@ -20,49 +21,63 @@ public:
     Queue(const Queue&) = delete;
     Queue& operator=(const Queue&) = delete;
 
+    // Room for one entry less than `capacity`, which has to lie above the size.
     void reserve(unsigned int capacity)
     {
         const unsigned int count = size();
-        if (capacity < count)
+        if (capacity <= count)
             dev_assert("Invalid size.", __FILE__, __LINE__);
-        sLinkNode<T>* node = new (std::nothrow) sLinkNode<T>[capacity];
-        if (!node)
+        sLinkNode<T>* ring = new (std::nothrow) sLinkNode<T>[capacity];
+        if (!ring)
             dev_assert("Not enough memory.", __FILE__, __LINE__);
+
+        ring[0].insertFront(&ring[0]);
         for (unsigned int i = 1; i < capacity; ++i)
-            node[i - 1].insertBackFront(&node[i]);
-        for (unsigned int i = 0; i < count; ++i)
-            node[i].set(mpNode[(mRead + i) % mCapacity].get());
+            ring[i - 1].insertBackFront(&ring[i]);
+        sLinkNode<T>* write = ring;
+        for (T* value : *this)
+        {
+            write->set(value);
+            write = write->next();
+        }
+
         delete[] mpNode;
-        mpNode = node;
         mCapacity = capacity;
-        mRead = 0;
-        mWrite = count % capacity;
+        mpNode = ring;
+        mpWrite = write;
+        mpRead = ring;
     }
 
     void push(T* value)
     {
-        mpNode[mWrite].set(value);
-        mWrite = (mWrite + 1) % mCapacity;
+        mpWrite->set(value);
+        mpWrite = mpWrite->next();
     }
 
     T* pop()
     {
         if (empty())
             dev_assert("Queue underflow.", __FILE__, __LINE__);
-        T* value = mpNode[mRead].get();
-        mRead = (mRead + 1) % mCapacity;
+        T* value = mpRead->get();
+        mpRead = mpRead->next();
         return value;
     }
 
-    unsigned int size() const { return mCapacity ? (mWrite + mCapacity - mRead) % mCapacity : 0; }
-    bool empty() const { return mRead == mWrite; }
+    unsigned int size() const
+    {
+        const std::ptrdiff_t distance = mpWrite - mpRead;
+        return static_cast<unsigned int>(distance < 0 ? distance + mCapacity : distance);
+    }
 
-    // The entry `index` places behind the next one to be popped. Not checked.
-    T* operator[](unsigned int index) const { return mpNode[(mRead + index) % mCapacity].get(); }
+    bool empty() const { return mpRead == mpWrite; }
+
+    // From the next entry to be popped to the last one pushed.
+    iterator begin() const { return iterator(mpRead); }
+    iterator end() const { return iterator(mpWrite); }
 
 private:
     unsigned int mCapacity = 0;
     sLinkNode<T>* mpNode = nullptr;
-    unsigned int mWrite = 0;
-    unsigned int mRead = 0;
+    sLinkNode<T>* mpWrite = nullptr;
+    sLinkNode<T>* mpRead = nullptr;
 };

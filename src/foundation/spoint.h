@@ -19,14 +19,14 @@ public:
 
     constexpr sPointTemplate operator+(const sPointTemplate& other) const
     {
-        sPointTemplate sum = *this;
-        return sum += other;
+        sPointTemplate moved = *this;
+        return moved += other;
     }
 
     constexpr sPointTemplate& operator+=(const sPointTemplate& other)
     {
-        x = static_cast<T>(x + other.x);
-        y = static_cast<T>(y + other.y);
+        x = sum(x, other.x);
+        y = sum(y, other.y);
         return *this;
     }
 
@@ -39,6 +39,15 @@ public:
     T y;
 
 private:
+    // Wraps, for integers too.
+    static constexpr T sum(T left, T right)
+    {
+        if constexpr (std::is_integral_v<T>)
+            return static_cast<T>(static_cast<unsigned int>(left) + static_cast<unsigned int>(right));
+        else
+            return left + right;
+    }
+
     static constexpr T fromInt(int value)
     {
         if constexpr (std::is_same_v<T, sFixed>)

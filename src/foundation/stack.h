@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/dev.h"
+#include "foundation/minmax.h"
 
 #include <cstring>
 #include <new>
@@ -20,10 +21,10 @@ public:
     void reserve(unsigned int capacity)
     {
         const unsigned int count = size();
+        capacity = maximum(capacity, 1u);
         if (capacity < count)
             dev_assert("Not enough size to copy elements.", __FILE__, __LINE__);
-        mCapacity = capacity ? capacity : 1;
-        T** base = new (std::nothrow) T*[mCapacity];
+        T** base = new (std::nothrow) T*[capacity];
         if (!base)
             dev_assert("Not enough memory.", __FILE__, __LINE__);
         if (count)
@@ -31,6 +32,7 @@ public:
         delete[] mpBase;
         mpBase = base;
         mpTop = base + count;
+        mCapacity = capacity;
     }
 
     void push(T* value)

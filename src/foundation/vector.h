@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/dev.h"
+#include "foundation/minmax.h"
 
 #include <cstring>
 #include <new>
@@ -63,7 +64,7 @@ public:
     void addLast(T* value)
     {
         if (mSize == mCapacity)
-            reserve(mCapacity + 16);
+            reserve(mCapacity + maximum(16u, mCapacity / 2));
         mpArray[mSize++] = value;
     }
 
