@@ -108,8 +108,7 @@ void Picture::place(const Picture& picture, unsigned int x, unsigned int y)
     for (unsigned int row = 0; row < picture.mHeight; ++row)
     {
         const auto source = picture.mPixels.begin() + static_cast<std::ptrdiff_t>(row) * picture.mWidth;
-        std::copy(source, source + picture.mWidth,
-                  mPixels.begin() + static_cast<std::ptrdiff_t>(y + row) * mWidth + x);
+        std::copy(source, source + picture.mWidth, mPixels.begin() + static_cast<std::ptrdiff_t>(y + row) * mWidth + x);
     }
 }
 

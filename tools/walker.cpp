@@ -52,8 +52,14 @@ constexpr std::array<sLegPose, PoseNum> LegPoses{{
 
 // Hands swing against the leg of their side, measured from the shoulder.
 constexpr std::array<sPlace, PoseNum> HandPoses{{
-    {-10.5f, 13.0f}, {-9.0f, 14.0f}, {-2.5f, 17.0f}, {6.0f, 15.5f},
-    {12.0f, 11.0f},  {11.0f, 12.0f}, {4.0f, 16.5f},  {-6.0f, 15.5f},
+    {-10.5f, 13.0f},
+    {-9.0f, 14.0f},
+    {-2.5f, 17.0f},
+    {6.0f, 15.5f},
+    {12.0f, 11.0f},
+    {11.0f, 12.0f},
+    {4.0f, 16.5f},
+    {-6.0f, 15.5f},
 }};
 
 // How far the hip sinks, twice a turn the same.
@@ -65,7 +71,10 @@ Value readPose(Read read, float turn)
 {
     const unsigned int pose = static_cast<unsigned int>(turn);
     const float t = turn - static_cast<float>(pose);
-    const auto at = [&](unsigned int step) -> Value { return read((pose + step) % PoseNum); };
+    const auto at = [&](unsigned int step) -> Value
+    {
+        return read((pose + step) % PoseNum);
+    };
     const Value before = at(PoseNum - 1);
     const Value from = at(0);
     const Value to = at(1);
@@ -104,7 +113,9 @@ class Figure
 {
 public:
     Figure(Picture& picture, float turn)
-        : mPicture(picture), mNearTurn(turn), mFarTurn(wrapTurn(turn + PoseNum / 2.0f)),
+        : mPicture(picture),
+          mNearTurn(turn),
+          mFarTurn(wrapTurn(turn + PoseNum / 2.0f)),
           mHip(HipPlace + sPlace{0.0f, readPose<float>([](unsigned int pose) { return HipSink[pose]; }, turn)})
     {
     }

@@ -266,8 +266,8 @@ void AutoString::deleteAllocator()
 void* AutoString::allocate(std::size_t size)
 {
     constexpr std::size_t LargestBlock = 0x7FFFFFFF;
-    void* block = mpAllocator && size <= LargestBlock ? mpAllocator->allocate(static_cast<int>(size), Alignment)
-                                                      : nullptr;
+    void* block =
+        mpAllocator && size <= LargestBlock ? mpAllocator->allocate(static_cast<int>(size), Alignment) : nullptr;
     return block ? block : ::operator new[](size, std::nothrow);
 }
 

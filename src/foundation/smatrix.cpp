@@ -32,8 +32,8 @@ sMatrix sMatrix::operator*(const sMatrix& other) const
     {
         for (int column = 0; column < 3; ++column)
         {
-            product.m[row][column] = m[row][0] * other.m[0][column] + m[row][1] * other.m[1][column] +
-                                     m[row][2] * other.m[2][column];
+            product.m[row][column] =
+                m[row][0] * other.m[0][column] + m[row][1] * other.m[1][column] + m[row][2] * other.m[2][column];
         }
     }
     return product;
