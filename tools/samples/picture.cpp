@@ -1,4 +1,4 @@
-#include "tools/picture.h"
+#include "tools/samples/picture.h"
 
 #include <algorithm>
 #include <cmath>

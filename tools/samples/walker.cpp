@@ -1,4 +1,4 @@
-#include "tools/walker.h"
+#include "tools/samples/walker.h"
 
 #include <array>
 #include <cmath>

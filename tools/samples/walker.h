@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/picture.h"
+#include "tools/samples/picture.h"
 
 // The figure of the samples: a child with a cap and a rucksack, walking to the right. One turn of the cycle is
 // two steps; the feet on the ground move back evenly, so that a walker moved on by StridePixels a turn does
