@@ -42,6 +42,7 @@ unsigned int Posix::getProcessorNum()
 
 void Posix::catchEndSignals()
 {
+    gEndRequested = 0;
     struct sigaction action = {};
     action.sa_handler = requestEnd;
     sigemptyset(&action.sa_mask);

@@ -9,7 +9,7 @@ std::uint64_t getMonotonicCount();
 void sleepFor(std::uint64_t nanoseconds);
 unsigned int getProcessorNum();
 
-// From the first call on SIGINT and SIGTERM only set a flag.
+// From this call on SIGINT and SIGTERM only set a flag, which starts cleared.
 void catchEndSignals();
 bool isEndRequested();
 }

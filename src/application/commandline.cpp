@@ -1,0 +1,89 @@
+#include "application/commandline.h"
+
+#include <charconv>
+#include <string_view>
+
+namespace
+{
+// A row sets either a text, a number or a flag. The value's description stands in the complaint about a missing one.
+struct sOptionRow
+{
+    std::string_view name;
+    const char* value;
+    std::string sCommandLine::*text;
+    unsigned int sCommandLine::*number;
+    bool sCommandLine::*flag;
+};
+
+constexpr sOptionRow OptionTable[] = {
+    {"--root", "a directory", &sCommandLine::root, nullptr, nullptr},
+    {"--play", "the name of an animation", &sCommandLine::play, nullptr, nullptr},
+    {"--frames", "a number of frames from 1 on", nullptr, &sCommandLine::frames, nullptr},
+    {"--headless", nullptr, nullptr, nullptr, &sCommandLine::headless},
+    {"--help", nullptr, nullptr, nullptr, &sCommandLine::help},
+    {"--version", nullptr, nullptr, nullptr, &sCommandLine::version},
+};
+
+const sOptionRow* findOption(std::string_view name)
+{
+    for (const sOptionRow& row : OptionTable)
+    {
+        if (row.name == name)
+            return &row;
+    }
+    return nullptr;
+}
+
+bool readNumber(std::string_view text, unsigned int& number)
+{
+    const char* end = text.data() + text.size();
+    const std::from_chars_result result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && number > 0;
+}
+
+bool readValue(const sOptionRow& row, std::string_view value, sCommandLine& line)
+{
+    if (row.number)
+        return readNumber(value, line.*row.number);
+    line.*row.text = value;
+    return !value.empty();
+}
+}
+
+const char* sCommandLine::getHelpText()
+{
+    return "usage: cellwright [OPTION]...\n"
+           "\n"
+           "  --root DIR     keep the data in DIR\n"
+           "  --play NAME    show an animation: a name such as \"walk\", or a file that ends in \".asq.xml\"\n"
+           "  --frames N     end after N frames\n"
+           "  --headless     run without a window\n"
+           "  --help         show this text\n"
+           "  --version      show the version\n";
+}
+
+sCommandLine parseCommandLine(int count, const char* const* arguments)
+{
+    sCommandLine line;
+    for (int i = 1; i < count; ++i)
+    {
+        const sOptionRow* row = findOption(arguments[i]);
+        if (!row)
+        {
+            line.error =
+                std::string(arguments[i][0] == '-' ? "unknown option " : "unexpected argument ") + arguments[i];
+            return line;
+        }
+        if (row->flag)
+        {
+            line.*row->flag = true;
+            continue;
+        }
+        if (++i >= count || !readValue(*row, arguments[i], line))
+        {
+            line.error = std::string(row->name) + " needs " + row->value;
+            return line;
+        }
+    }
+    return line;
+}

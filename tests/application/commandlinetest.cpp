@@ -1,0 +1,78 @@
+#include "application/commandline.h"
+
+#include "application/playtarget.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace
+{
+sCommandLine parse(std::vector<const char*> arguments)
+{
+    arguments.insert(arguments.begin(), "cellwright");
+    return parseCommandLine(static_cast<int>(arguments.size()), arguments.data());
+}
+}
+
+TEST(CommandLineTest, TakesTheOptionsInAnyOrder)
+{
+    const sCommandLine line = parse({"--frames", "20", "--headless", "--root", "data", "--play", "walk"});
+    EXPECT_EQ(line.error, "");
+    EXPECT_EQ(line.frames, 20u);
+    EXPECT_EQ(line.root, "data");
+    EXPECT_EQ(line.play, "walk");
+    EXPECT_TRUE(line.headless);
+    EXPECT_FALSE(line.help || line.version);
+
+    EXPECT_TRUE(parse({"--help"}).help);
+    EXPECT_TRUE(parse({"--version"}).version);
+    EXPECT_EQ(parse({}).error, "");
+}
+
+TEST(CommandLineTest, NamesWhatIsWrong)
+{
+    const struct
+    {
+        std::vector<const char*> arguments;
+        const char* error;
+    } rows[] = {
+        {{"--fast"}, "unknown option --fast"},
+        {{"walk"}, "unexpected argument walk"},
+        {{"--headless", "--play"}, "--play needs the name of an animation"},
+        {{"--root", ""}, "--root needs a directory"},
+        {{"--frames", "0"}, "--frames needs a number of frames from 1 on"},
+        {{"--frames", "12x"}, "--frames needs a number of frames from 1 on"},
+        {{"--frames", "-3"}, "--frames needs a number of frames from 1 on"},
+        {{"--frames", "99999999999"}, "--frames needs a number of frames from 1 on"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(parse(row.arguments).error, row.error);
+}
+
+TEST(PlayTargetTest, TellsNamesFromFilesInsideIntermediate)
+{
+    const struct
+    {
+        const char* text;
+        const char* root;
+        const char* name;
+    } rows[] = {
+        {"walk", "", "walk"},
+        {"sub/walk", "", "sub/walk"},
+        {"/data/intermediate/walk.asq.xml", "/data", "walk"},
+        {"/data/intermediate/sub/../cats/walk.asq.xml", "/data", "cats/walk"},
+        {"/data/intermediate/old/intermediate/walk.asq.xml", "/data/intermediate/old", "walk"},
+    };
+    for (const auto& row : rows)
+    {
+        sPlayTarget target;
+        EXPECT_TRUE(findPlayTarget(row.text, target)) << row.text;
+        EXPECT_EQ(target.root, row.root) << row.text;
+        EXPECT_EQ(target.name, row.name) << row.text;
+    }
+
+    sPlayTarget target;
+    EXPECT_FALSE(findPlayTarget("/data/walk.asq.xml", target));
+    EXPECT_FALSE(findPlayTarget("/data/intermediate/.asq.xml", target));
+}
