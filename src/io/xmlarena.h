@@ -36,6 +36,9 @@ public:
         return block ? new (block) T : nullptr;
     }
 
+    // Gives all of it back.
+    void clear();
+
 private:
     struct sPage
     {

@@ -14,10 +14,7 @@ class TextStream;
 class XmlReader
 {
 public:
-    static constexpr unsigned int MaximumDepth = 256;
-
     XmlReader() = default;
-    ~XmlReader();
 
     XmlReader(const XmlReader&) = delete;
     XmlReader& operator=(const XmlReader&) = delete;
@@ -31,7 +28,7 @@ public:
     // stream as it is.
     [[nodiscard]] static bool isWellFormed(TextStream* stream);
 
-    // Reads the rest of the stream; once for a reader. Asserts on any fault of the grammar.
+    // Adds the rest of the stream to the tree and leaves the stream at its end. Asserts on any fault of the grammar.
     void parse(TextStream* stream);
 
     // parse() for a file that comes from outside: false, with a trace, when it is not well-formed.
@@ -80,12 +77,14 @@ private:
 
     class TreeBuilder;
 
+    ObjectBase* makeObject(const char* tagName) const;
+
     const sTag* getFirstChild() const { return mpTag ? mpTag->firstChild : mpFirstRoot; }
 
-    char* mpText = nullptr;
-    XmlArena mArena;
+    XmlArena mArena; // the text and the tree
     mutable XmlTextPool mTexts;
     sTag* mpFirstRoot = nullptr;
+    sTag* mpLastRoot = nullptr;
     const sTag* mpTag = nullptr; // the open one, null outside the roots
     Map<ObjectBase> mObjects;
 };

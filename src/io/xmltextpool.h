@@ -31,6 +31,8 @@ public:
     // The text as a string that shares its buffer with all equal ones.
     AutoString getString(const char* text);
 
+    void clear();
+
 private:
     sText* add(const char* text, unsigned int length, unsigned int hash);
     bool grow();

@@ -10,7 +10,8 @@ class TextStream;
 
 // Collects a document as a tree and prints it in one go, so that attributes and child tags may come in any order.
 // It also numbers the objects of the document and knows which of them it has seen, so that each is written once.
-// A tree that outgrows the memory is given up with a trace: further calls do nothing and isReadable() says no.
+// A tree that outgrows the memory is given up with a trace: nothing more is collected or printed, and isReadable()
+// says no.
 class XmlWriter
 {
 public:
@@ -36,6 +37,8 @@ public:
 
     // The object registered under a number; null when there is none.
     ObjectBase* findObject(unsigned int id) const { return mObjects.find(id); }
+
+    // Asserts a number of 0 and one that is taken.
     void registerObject(ObjectBase* object, unsigned int id);
 
     // Whether XmlReader takes what write() would print: complete, all names words, all values values, not nested
@@ -72,9 +75,11 @@ private:
 
     class Printer;
 
-    sTag* makeTag(const char* name);
     void giveUp();
-    bool growIdentities();
+
+    // The place of an object in the table of identities, or the free place where it belongs.
+    unsigned int findIdentity(const ObjectBase* object) const;
+    void growIdentities();
 
     XmlArena mArena;
     XmlTextPool mTexts;
@@ -82,7 +87,6 @@ private:
     sTag* mpLastRoot = nullptr;
     sTag* mpTag = nullptr;   // the open one; its parents are the open ancestors
     unsigned int mDepth = 0; // open tags
-    unsigned int mLost = 0;  // open tags among them that found no memory
     bool mComplete = true;
     bool mReadable = true;
     Map<ObjectBase> mObjects;

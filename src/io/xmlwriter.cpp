@@ -1,0 +1,270 @@
+#include "io/xmlwriter.h"
+
+#include "foundation/dev.h"
+#include "io/stream.h"
+#include "io/xmlgrammar.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <new>
+
+namespace
+{
+constexpr unsigned int FirstIdentityCapacity = 64;
+
+unsigned int hashAddress(const void* address)
+{
+    return static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(address) * 0x9E3779B97F4A7C15 >> 32);
+}
+}
+
+// Prints tags, gathering small pieces into large writes.
+class XmlWriter::Printer
+{
+public:
+    explicit Printer(TextStream* stream) : mpStream(stream) {}
+    ~Printer() { flush(); }
+
+    void printTree(const sTag* tag);
+
+    void put(const char* text, unsigned int length)
+    {
+        if (length > sizeof(mBuffer) - mUsed)
+            flush();
+        if (length > sizeof(mBuffer))
+        {
+            mpStream->write(text, length);
+            return;
+        }
+        std::memcpy(mBuffer + mUsed, text, length);
+        mUsed += length;
+    }
+
+private:
+    void putStart(const sTag* tag);
+    void putEnd(const sTag* tag);
+
+    template <unsigned int Size>
+    void put(const char (&text)[Size])
+    {
+        put(text, Size - 1);
+    }
+
+    void put(const XmlTextPool::sText* text) { put(text->c_str(), text->length); }
+
+    void putTabs()
+    {
+        for (unsigned int i = 0; i < mDepth; ++i)
+            put("\t");
+    }
+
+    void flush()
+    {
+        if (mUsed)
+            mpStream->write(mBuffer, mUsed);
+        mUsed = 0;
+    }
+
+    TextStream* mpStream;
+    unsigned int mDepth = 0;
+    unsigned int mUsed = 0;
+    char mBuffer[16 * 1024];
+};
+
+// The tag, what lies below it and all that follow it. A tree may be deeper than a stack, so there is no recursion.
+void XmlWriter::Printer::printTree(const sTag* tag)
+{
+    while (tag)
+    {
+        putStart(tag);
+        if (tag->firstChild)
+        {
+            tag = tag->firstChild;
+            ++mDepth;
+            continue;
+        }
+        while (!tag->next && tag->parent)
+        {
+            tag = tag->parent;
+            --mDepth;
+            putEnd(tag);
+        }
+        tag = tag->next;
+    }
+}
+
+// There is a blank behind the name and behind each attribute.
+void XmlWriter::Printer::putStart(const sTag* tag)
+{
+    putTabs();
+    put("<");
+    put(tag->name);
+    put(" ");
+    for (const sAttribute* attribute = tag->firstAttribute; attribute; attribute = attribute->next)
+    {
+        put(attribute->name);
+        put("=\"");
+        put(attribute->value);
+        put("\" ");
+    }
+    if (tag->firstChild)
+        put(">\n");
+    else
+        put("/>\n");
+}
+
+void XmlWriter::Printer::putEnd(const sTag* tag)
+{
+    putTabs();
+    put("</");
+    put(tag->name);
+    put(">\n");
+}
+
+XmlWriter::XmlWriter(const char* rootName)
+{
+    openTag(rootName);
+}
+
+XmlWriter::~XmlWriter()
+{
+    if (mDepth > 1)
+        dev_assert("Unclosed tag found.", __FILE__, __LINE__);
+    delete[] mpIdentity;
+}
+
+void XmlWriter::openTag(const char* name)
+{
+    if (++mDepth > XmlGrammar::MaximumDepth)
+        mReadable = false;
+    if (!mComplete)
+        return;
+
+    sTag* tag = mArena.make<sTag>();
+    const XmlTextPool::sText* text = mTexts.share(name);
+    if (!tag || !text)
+        return giveUp();
+    tag->name = text;
+    tag->parent = mpTag;
+    sTag*& first = mpTag ? mpTag->firstChild : mpFirstRoot;
+    sTag*& last = mpTag ? mpTag->lastChild : mpLastRoot;
+    (last ? last->next : first) = tag;
+    last = tag;
+    mpTag = tag;
+    mReadable &= text->isWord;
+}
+
+void XmlWriter::closeTag()
+{
+    if (mDepth == 0)
+        dev_assert("Unclosed tag not found.", __FILE__, __LINE__);
+    --mDepth;
+    if (mComplete)
+        mpTag = mpTag->parent;
+}
+
+void XmlWriter::addAttribute(const char* name, const char* value)
+{
+    if (mDepth == 0)
+        dev_assert("No tag is opened.", __FILE__, __LINE__);
+    if (!mComplete)
+        return;
+
+    sAttribute* attribute = mArena.make<sAttribute>();
+    const XmlTextPool::sText* nameText = mTexts.share(name);
+    const XmlTextPool::sText* valueText = mTexts.share(value);
+    if (!attribute || !nameText || !valueText)
+        return giveUp();
+    attribute->name = nameText;
+    attribute->value = valueText;
+    (mpTag->lastAttribute ? mpTag->lastAttribute->next : mpTag->firstAttribute) = attribute;
+    mpTag->lastAttribute = attribute;
+    mReadable &= nameText->isWord && valueText->isValue;
+}
+
+unsigned int XmlWriter::getIdentity(const ObjectBase* object)
+{
+    if (mIdentityNum * 2 >= mIdentityCapacity)
+        growIdentities();
+    sIdentity& identity = mpIdentity[findIdentity(object)];
+    if (!identity.object)
+        identity = {object, ++mIdentityNum};
+    return identity.id;
+}
+
+void XmlWriter::registerObject(ObjectBase* object, unsigned int id)
+{
+    // The map doubles at its powers of two and knows no failure, so the room is tried out first.
+    const unsigned int size = mObjects.size();
+    if (size >= 16 && (size & (size - 1)) == 0)
+    {
+        char* room = new (std::nothrow) char[size * 2 * sizeof(Map<ObjectBase>::sEntryTag)];
+        if (!room)
+            giveUp();
+        delete[] room;
+    }
+    mObjects.add(object, id);
+}
+
+bool XmlWriter::isReadable() const
+{
+    return mComplete && mReadable;
+}
+
+void XmlWriter::write(TextStream* stream)
+{
+    if (mDepth > 1)
+        dev_assert("Unclosed tag found.", __FILE__, __LINE__);
+    if (mDepth == 0)
+        dev_assert("Root has already closed.", __FILE__, __LINE__);
+    closeTag();
+    if (!mComplete)
+        return;
+
+    static constexpr char Header[] = "<?xml version=\"1.0\"?>\n\n";
+    Printer printer(stream);
+    printer.put(Header, sizeof(Header) - 1);
+    printer.printTree(mpFirstRoot);
+}
+
+// The tree's memory goes back at once: whoever still walks the objects needs room for their numbers to come to an end.
+void XmlWriter::giveUp()
+{
+    if (!mComplete)
+        return;
+    DEV_TRACE("XmlWriter : Not enough memory, document given up.\n");
+    mComplete = false;
+    mpTag = nullptr;
+    mpFirstRoot = nullptr;
+    mpLastRoot = nullptr;
+    mArena.clear();
+    mTexts.clear();
+}
+
+unsigned int XmlWriter::findIdentity(const ObjectBase* object) const
+{
+    unsigned int place = hashAddress(object) & (mIdentityCapacity - 1);
+    while (mpIdentity[place].object && mpIdentity[place].object != object)
+        place = (place + 1) & (mIdentityCapacity - 1);
+    return place;
+}
+
+void XmlWriter::growIdentities()
+{
+    const sIdentity* old = mpIdentity;
+    const unsigned int oldCapacity = mIdentityCapacity;
+    mIdentityCapacity = oldCapacity ? oldCapacity * 2 : FirstIdentityCapacity;
+    mpIdentity = new (std::nothrow) sIdentity[mIdentityCapacity]();
+    if (!mpIdentity)
+    {
+        giveUp();
+        mpIdentity = new (std::nothrow) sIdentity[mIdentityCapacity]();
+    }
+    if (!mpIdentity)
+        dev_assert("Not enough memory.", __FILE__, __LINE__);
+    for (unsigned int i = 0; i < oldCapacity; ++i)
+        if (old[i].object)
+            mpIdentity[findIdentity(old[i].object)] = old[i];
+    delete[] old;
+}
