@@ -105,6 +105,9 @@ protected:
     unsigned int resolveIndex(unsigned int index) const { return index == CurrentElement ? getIndex() : index; }
 
 private:
+    void serializeElements(XmlWriter* writer);
+    void deserializeElements(XmlReader* reader);
+
     unsigned int mType;
     unsigned int mCount;
     unsigned int mIndex = 0;

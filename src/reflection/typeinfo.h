@@ -11,7 +11,8 @@ enum class eTypeAttribute : unsigned int
 };
 
 // The run-time record of a reflected class: its name, its id, its place in the tree of classes. Records are objects
-// of static storage that register themselves before main, in any order; the zeroed storage ends their lists.
+// of static storage that register themselves before main, in any order. After that the database is only read, by any
+// thread.
 class TypeInfo
 {
 public:
@@ -29,9 +30,12 @@ public:
     TypeInfo(const TypeInfo&) = delete;
     TypeInfo& operator=(const TypeInfo&) = delete;
 
-    // Null when there is no such record.
+    // Null when there is no such record. A record of the name's id with another name breaks the database's contract.
     static TypeInfo* find(unsigned int id);
     static TypeInfo* find(const char* name);
+
+    // For names out of files, which may be made to collide: null then, too.
+    static TypeInfo* findForeign(const char* name);
 
     // True for the record itself and each of its ancestors.
     bool isDerivedFrom(const TypeInfo* other) const;
@@ -53,6 +57,10 @@ public:
     static unsigned int getDataBaseSize();
 
 private:
+    static void prepareDataBase(const char* name);
+
+    void attachTo(const char* baseName);
+    void adopt();
     void addOffshoot(TypeInfo* child);
 
     unsigned int mID;

@@ -5,7 +5,7 @@
 
 #include <cstdlib>
 
-// The text forms of single values, as documents and number boxes show them. Nothing here allocates.
+// The text forms of single values, as documents and number boxes hold them. Nothing here allocates.
 
 // Every buffer below holds at least this many characters.
 constexpr unsigned int ValueTextSize = 64;
@@ -15,6 +15,9 @@ const char* formatInteger(char* buffer, int value);
 
 // "%f", or "%.17g" where that does not fit the buffer.
 const char* formatReal(char* buffer, double value);
+
+// The name of the tag of an array or list element.
+const char* formatElementName(char* buffer, unsigned int index);
 
 // The result is `buffer` or another text; only the result is used.
 template <typename T>
