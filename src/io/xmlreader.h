@@ -43,6 +43,9 @@ public:
     [[nodiscard]] bool openTag(const AutoString& name) { return openTag(name.c_str()); }
     void closeTag();
 
+    // Whether the open tag has tags below it.
+    bool hasTags() const { return getFirstChild() != nullptr; }
+
     // An attribute of the open tag; the first of that name wins. AutoString::Null without one. Equal texts share one
     // buffer.
     AutoString getAttribute(const char* name) const;

@@ -83,10 +83,14 @@ public:
     void deserialize(XmlReader* reader) override;
 
 private:
-    void deleteOwned();
-    void requireIndex() const;
     void deserializeStable(XmlReader* reader);
     void deserializeOwned(XmlReader* reader);
+
+    template <typename Visitor>
+    void forEachElementTag(XmlReader* reader, Visitor&& visitor);
+
+    void deleteOwned();
+    Iterator getSelected() const;
 
     List<ObjectBase> mObject;
     unsigned int mIndex = 0;

@@ -24,9 +24,13 @@ const char* PropertyBase::getTypeName() const
     return "undefined";
 }
 
-void PropertyBase::writeUniqueAttributes(XmlWriter*) {}
+void PropertyBase::writeUniqueAttributes(XmlWriter*)
+{
+}
 
-void PropertyBase::readUniqueAttributes(XmlReader*) {}
+void PropertyBase::readUniqueAttributes(XmlReader*)
+{
+}
 
 unsigned int PropertyBase::getIndex() const
 {
@@ -47,14 +51,18 @@ const char* PropertyBase::getString(char*, unsigned int) const
     return nullptr;
 }
 
-void PropertyBase::setString(const char*) {}
+void PropertyBase::setString(const char*)
+{
+}
 
 unsigned long long PropertyBase::getNumeric(unsigned int) const
 {
     return 0;
 }
 
-void PropertyBase::setNumeric(unsigned long long, unsigned int) {}
+void PropertyBase::setNumeric(unsigned long long, unsigned int)
+{
+}
 
 void PropertyBase::release()
 {
@@ -178,7 +186,10 @@ void PropertyIntermediate<T>::readUniqueAttributes(XmlReader* reader)
     }
     else if (const AutoString text = reader->getAttribute("value"))
     {
-        setString(text.c_str());
+        if constexpr (std::is_same_v<T, AutoString>)
+            this->set(text, this->CurrentElement);
+        else
+            setString(text.c_str());
     }
 }
 

@@ -141,6 +141,9 @@ public:
     void setString(const char* text) override;
     unsigned long long getNumeric(unsigned int index) const override;
     void setNumeric(unsigned long long value, unsigned int index) override;
+
+    // Where the first element lies; null when the value is reached through operations only.
+    virtual T* getPointer() const { return nullptr; }
 };
 
 // The value lies at a pointer.
@@ -156,7 +159,7 @@ public:
     T get(unsigned int index) const override { return mpPointer[this->resolveIndex(index)]; }
     void set(T value, unsigned int index) override { mpPointer[this->resolveIndex(index)] = value; }
 
-    T* getPointer() const { return mpPointer; }
+    T* getPointer() const override { return mpPointer; }
 
 private:
     T* mpPointer;

@@ -4,6 +4,8 @@
 #include "foundation/dev.h"
 #include "foundation/utils.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <new>
 
@@ -29,7 +31,12 @@ constinit char* TypeInfo::mpNameBuffer = nullptr;
 constinit char* TypeInfo::mpNameBufferPtr = nullptr;
 
 TypeInfo::TypeInfo(const char* name, const char* baseName, unsigned int attribute)
-    : mID(Utils::hash(name)), mpName(nullptr), mpBase(nullptr), mpOffshoot(nullptr), mpLoop(nullptr), mBaseID(NoBase),
+    : mID(Utils::hash(name)),
+      mpName(nullptr),
+      mpBase(nullptr),
+      mpOffshoot(nullptr),
+      mpLoop(nullptr),
+      mBaseID(NoBase),
       mAttribute(attribute)
 {
     prepareDataBase(name);
@@ -42,7 +49,7 @@ TypeInfo::TypeInfo(const char* name, const char* baseName, unsigned int attribut
 
     *mpDataBasePtr++ = this;
     mpName = mpNameBufferPtr;
-    mpNameBufferPtr = std::stpcpy(mpNameBufferPtr, name) + 1;
+    mpNameBufferPtr = std::copy_n(name, std::strlen(name) + 1, mpNameBufferPtr);
 }
 
 TypeInfo::~TypeInfo()

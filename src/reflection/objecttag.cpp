@@ -1,0 +1,43 @@
+#include "reflection/objecttag.h"
+
+#include "io/xmlreader.h"
+#include "io/xmlwriter.h"
+#include "reflection/objectbase.h"
+#include "reflection/valuetext.h"
+
+#include <cstdio>
+
+unsigned int writeIdentity(XmlWriter* writer, ObjectBase* object)
+{
+    const unsigned int id = writer->getIdentity(object);
+    char buffer[ValueTextSize];
+    std::snprintf(buffer, sizeof(buffer), "%lld", static_cast<long long>(id));
+
+    writer->addAttribute("typeinfo", object->getTypeInfo()->getName());
+    writer->addAttribute("id", buffer);
+    return id;
+}
+
+bool writeStability(XmlWriter* writer, ObjectBase* object, unsigned int id, bool stable)
+{
+    writer->addAttribute("stable", stable ? "true" : "false");
+    if (stable)
+        return true;
+    if (writer->findObject(id))
+        return false;
+    writer->registerObject(object, id);
+    return true;
+}
+
+unsigned int readIdentity(const XmlReader* reader)
+{
+    const AutoString id = reader->getAttribute("id");
+    return id ? parseValue<unsigned int>(id.c_str()) : 0;
+}
+
+ObjectBase* makeNamedInstance(const XmlReader* reader)
+{
+    const AutoString name = reader->getAttribute("typeinfo");
+    const TypeInfo* type = TypeInfo::findForeign(name.c_str());
+    return type ? type->newInstance() : nullptr;
+}
