@@ -37,6 +37,10 @@ public:
     virtual void closeWindow() = 0;
     virtual bool isWindowOpen() const = 0;
 
+    // Of the content of the window that was opened last, in pixels.
+    unsigned int getWindowWidth() const { return mWindowWidth; }
+    unsigned int getWindowHeight() const { return mWindowHeight; }
+
     // Whether library calls may be made at all. Without a graphics library the window still has a size, and
     // swap() does nothing.
     virtual bool hasGraphics() const = 0;
@@ -76,6 +80,11 @@ public:
 protected:
     virtual void pumpEvents() = 0;
 
+    void setWindowSize(unsigned int width, unsigned int height)
+    {
+        mWindowWidth = width;
+        mWindowHeight = height;
+    }
     void deliverMouse(const sMouseEvent& event);
     void deliverQuit();
 
@@ -96,5 +105,7 @@ private:
     sHandler<MouseCallback> mMouse;
     sHandler<QuitCallback> mQuitHandler;
     std::uint64_t mNextFiring = 0;
+    unsigned int mWindowWidth = 0;
+    unsigned int mWindowHeight = 0;
     bool mQuit = false;
 };

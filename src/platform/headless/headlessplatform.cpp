@@ -2,8 +2,9 @@
 
 #include "platform/posix.h"
 
-bool HeadlessPlatform::openWindow(const char*, unsigned int, unsigned int)
+bool HeadlessPlatform::openWindow(const char*, unsigned int width, unsigned int height)
 {
+    setWindowSize(width, height);
     mWindowOpen = !mWindowRefused;
     return mWindowOpen;
 }

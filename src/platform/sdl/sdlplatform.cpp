@@ -75,6 +75,7 @@ SDLPlatform::~SDLPlatform()
 
 bool SDLPlatform::openWindow(const char* title, unsigned int width, unsigned int height)
 {
+    setWindowSize(width, height);
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
     SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
     SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);

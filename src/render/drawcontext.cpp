@@ -1,0 +1,255 @@
+#include "render/drawcontext.h"
+
+#include "foundation/dev.h"
+#include "render/command.h"
+#include "render/rendersystem.h"
+#include "render/texture.h"
+#include "render/vertex.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr unsigned int BlockSize = 0x10000;
+constexpr unsigned int VertexHeapSize = 16384;
+constexpr unsigned int PendingEntryNum = 1024;
+constexpr unsigned int EntryHeapSize = PendingEntryNum * sizeof(sCommand*);
+
+constexpr unsigned int ViewShift = 28;
+constexpr unsigned int LevelShift = 16;
+constexpr unsigned int LevelMask = 0x3FFF;
+constexpr unsigned int SubLevelMask = 0xFFFF;
+
+// The state of no draw: its view, its key and each of its numbers lie outside what a caller can set.
+constexpr DrawContext::Context NoState = {
+    7,
+    sCommand::EndKey,
+    static_cast<eBlendMode>(4),
+    static_cast<ePrimitiveType>(4),
+    static_cast<eVertexDecl>(2),
+    nullptr,
+    nullptr,
+    static_cast<eTextureFiltering>(2),
+    static_cast<eTextureCombineMode>(2),
+    sRect::Zero,
+    sRect::Zero,
+    sRect::Zero,
+};
+
+unsigned int getSourceStride(eVertexDecl declaration)
+{
+    switch (declaration)
+    {
+    case eVertexDecl::Plain: return sizeof(sPlainVertex);
+    case eVertexDecl::Textured: return sizeof(sTexturedVertex);
+    }
+    return 0;
+}
+
+void formatPlain(sPlainDeviceVertex* destination, const sPlainVertex* source, unsigned int count, float offset)
+{
+    for (unsigned int i = 0; i < count; ++i)
+    {
+        const float x = static_cast<float>(source[i].position.x) + offset;
+        const float y = static_cast<float>(source[i].position.y) + offset;
+        destination[i] = {x, y, 0.0f, source[i].color};
+    }
+}
+
+void formatTextured(sTexturedDeviceVertex* destination, const sTexturedVertex* source, unsigned int count)
+{
+    for (unsigned int i = 0; i < count; ++i)
+    {
+        const float x = static_cast<float>(source[i].position.x);
+        const float y = static_cast<float>(source[i].position.y);
+        destination[i] = {x, y, 0.0f, source[i].color, source[i].s, source[i].t};
+    }
+}
+}
+
+DrawContext::DrawContext(RenderSystem& system)
+    : mSystem(system),
+      mCurrent(NoState),
+      mFlushed(NoState),
+      mVertexAllocator(VertexHeapSize, "Context vertices allocator", System::getAllocator(), false),
+      mEntryAllocator(EntryHeapSize, "Temporary command entry buffer allocator", System::getAllocator(), false)
+{
+}
+
+void* DrawContext::operator new(std::size_t size) noexcept
+{
+    return System::allocate(static_cast<unsigned int>(size));
+}
+
+void DrawContext::operator delete(void* block)
+{
+    System::deallocate(block);
+}
+
+void DrawContext::setView(unsigned int view)
+{
+    if (view > MaximumView)
+        dev_assert("Invalid view.", __FILE__, __LINE__);
+    if (view == mCurrent.view)
+        return;
+    mCurrent.view = view;
+    mCurrent.key = (mCurrent.key & ((1u << ViewShift) - 1)) | view << ViewShift;
+    mDirty = true;
+}
+
+void DrawContext::setDrawLevel(unsigned int level, unsigned int subLevel)
+{
+    // On purpose: a level above 0xFFF runs into the view's bits; only what lies above 14 bits is cut off.
+    const unsigned int key =
+        (mCurrent.view << ViewShift) + ((level & LevelMask) << LevelShift) + (subLevel & SubLevelMask);
+    change(mCurrent.key, key);
+}
+
+void DrawContext::setTexture(Texture* texture)
+{
+    change(mCurrent.texture, texture);
+    if (texture)
+        texture->protect(mSystem.getBuildFrame());
+}
+
+void DrawContext::setRenderTarget(Texture* target)
+{
+    change(mCurrent.renderTarget, target);
+    if (target)
+        target->protect(mSystem.getBuildFrame());
+}
+
+void* DrawContext::allocateVertices(ePrimitiveType type, unsigned int count)
+{
+    const unsigned int size = count * getSourceStride(mCurrent.vertexDecl);
+    if (size == 0)
+        dev_assert("Undefined vertex declaration.", __FILE__, __LINE__);
+
+    change(mCurrent.primitiveType, type);
+    if (mDirty || VertexHeapSize - mVertexAllocator.getUsedSize() < size)
+        flushVertices();
+    mVertexNum += count;
+    return mVertexAllocator.allocate(static_cast<int>(size), 4);
+}
+
+void DrawContext::clear(const sRect& rect, sColor color)
+{
+    flushVertices();
+    sClearCommand* command = static_cast<sClearCommand*>(allocateCommandBuffer(sizeof(sClearCommand)));
+    *command = {{eCommand::Clear, mCurrent.key}, color, rect, mCurrent.renderTarget};
+    mSystem.entryCommand(command);
+}
+
+void DrawContext::flushVertices()
+{
+    if (mVertexNum)
+    {
+        sDrawCommand* command = static_cast<sDrawCommand*>(allocateCommandBuffer(sizeof(sDrawCommand)));
+        command->kind = eCommand::Draw;
+        command->key = mFlushed.key;
+        command->state = {static_cast<unsigned int>(mFlushed.blendMode),
+                          static_cast<unsigned int>(mFlushed.primitiveType),
+                          static_cast<unsigned int>(mFlushed.filtering),
+                          static_cast<unsigned int>(mFlushed.combineMode),
+                          static_cast<unsigned int>(mFlushed.vertexDecl),
+                          mVertexNum,
+                          0};
+        command->vertices = allocateVertexMemory(getDeviceStride(mFlushed.vertexDecl), mVertexNum);
+        command->texture = mFlushed.texture;
+        command->target = mFlushed.renderTarget;
+        command->viewport = mFlushed.viewport;
+        command->scissor = mFlushed.scissor;
+        command->projection = mFlushed.projection;
+        formatVertex(command->vertices, mVertexAllocator.getHeap(), mVertexNum, mFlushed);
+        entryCommand(command);
+    }
+
+    const unsigned int view = mFlushed.view;
+    mFlushed = mCurrent;
+    mFlushed.view = view;
+    mVertexAllocator.clear();
+    mVertexNum = 0;
+    mDirty = false;
+}
+
+void DrawContext::init()
+{
+    mVertexAllocator.clear();
+    mEntryAllocator.clear();
+
+    // The first block is taken on first use: the system clears its command memory only after this.
+    mpBlockBegin = nullptr;
+    mpBlockEnd = nullptr;
+    mpBlockWrite = nullptr;
+}
+
+void DrawContext::setup()
+{
+    const sRect& window = mSystem.getWindowRect();
+    mCurrent = {0,       0,       eBlendMode::Opaque,        ePrimitiveType::Quads,         eVertexDecl::Plain,
+                nullptr, nullptr, eTextureFiltering::Linear, eTextureCombineMode::Modulate, window,
+                window,  window};
+    mFlushed = NoState;
+    mVertexNum = 0;
+    mDirty = true;
+}
+
+void DrawContext::final()
+{
+    flushCommand();
+}
+
+// Blocks are not chained: the rest of the old one is simply left.
+void DrawContext::initCommandBuffer()
+{
+    mpBlockBegin = static_cast<unsigned char*>(mSystem.allocateCommandBuffer(BlockSize));
+    mpBlockEnd = mpBlockBegin + BlockSize;
+    mpBlockWrite = mpBlockBegin;
+}
+
+void* DrawContext::allocateCommandBuffer(unsigned int size)
+{
+    const unsigned int rounded = AllocatorBase::align(size, 8);
+    if (mpBlockEnd - mpBlockWrite < static_cast<std::ptrdiff_t>(rounded))
+        initCommandBuffer();
+    void* memory = mpBlockWrite;
+    mpBlockWrite += rounded;
+    return memory;
+}
+
+// A multiple of the stride behind the start of all command memory, so that the replay can draw by index.
+void* DrawContext::allocateVertexMemory(unsigned int stride, unsigned int count)
+{
+    unsigned char* memory = static_cast<unsigned char*>(allocateCommandBuffer((count + 1) * stride));
+    const auto offset = memory - static_cast<const unsigned char*>(mSystem.getCommandMemory());
+    const unsigned int beyond = static_cast<unsigned int>(offset) % stride;
+    return beyond ? memory + stride - beyond : memory;
+}
+
+void DrawContext::entryCommand(sCommand* command)
+{
+    if (EntryHeapSize - mEntryAllocator.getUsedSize() < sizeof(sCommand*))
+        flushCommand();
+    *static_cast<sCommand**>(mEntryAllocator.allocate(sizeof(sCommand*), 8)) = command;
+}
+
+void DrawContext::flushCommand()
+{
+    const unsigned int count = mEntryAllocator.getUsedSize() / static_cast<unsigned int>(sizeof(sCommand*));
+    if (count == 0)
+        return;
+    mSystem.entryCommand(static_cast<sCommand**>(mEntryAllocator.getHeap()), count);
+    mEntryAllocator.clear();
+}
+
+void DrawContext::formatVertex(void* destination, const void* source, unsigned int count, const Context& context)
+{
+    // Points and lines are moved to the centres of pixels; what has a texture is never moved.
+    const float offset = context.primitiveType < ePrimitiveType::Triangles ? 0.5f : 0.0f;
+    if (context.vertexDecl == eVertexDecl::Plain)
+        formatPlain(static_cast<sPlainDeviceVertex*>(destination), static_cast<const sPlainVertex*>(source), count,
+                    offset);
+    else
+        formatTextured(static_cast<sTexturedDeviceVertex*>(destination), static_cast<const sTexturedVertex*>(source),
+                       count);
+}

@@ -1,0 +1,229 @@
+#include "render/rendersystem.h"
+
+#include "foundation/dev.h"
+#include "foundation/jobsystem.h"
+#include "platform/platform.h"
+#include "render/drawcontext.h"
+#include "render/gldevice.h"
+#include "render/nulldevice.h"
+#include "render/replay.h"
+#include "render/texture.h"
+#include "render/window.h"
+#include "tool/toolsystem.h"
+
+REFLECT(RenderSystem, eTypeAttribute::Singleton, "System");
+
+namespace
+{
+constexpr unsigned int TextureNodeNum = 256;
+
+sCommand** allocateEntries(unsigned int count)
+{
+    return static_cast<sCommand**>(System::allocate(count * static_cast<unsigned int>(sizeof(sCommand*))));
+}
+}
+
+RenderSystem::RenderSystem()
+    : Singleton("RenderSystem already instanced."),
+      mCommandBuffer(CommandBufferSize, "CommandBuffer", getAllocator(), true),
+      mSort(EntryNum),
+      mTexture(TextureNodeNum),
+      mMainThread(std::this_thread::get_id())
+{
+    mFreeContext.reserve(ContextNum);
+    init();
+    setProcessEnable(true, true, true);
+    DEV_TRACE("RenderSystem : start.\n");
+}
+
+RenderSystem::~RenderSystem()
+{
+    cleanUp();
+    DEV_TRACE("RenderSystem : end.\n");
+}
+
+void RenderSystem::destroy()
+{
+    delete this;
+}
+
+void RenderSystem::setup()
+{
+    addPostprocessDependency(ToolSystem::getInstance());
+    addDestroyDependency(ToolSystem::getInstance());
+}
+
+void RenderSystem::preprocess()
+{
+    if (!mpDevice)
+        return;
+    mFreeContext.clear();
+    for (DrawContext* context : mpContext)
+    {
+        context->init();
+        mFreeContext.push(context);
+    }
+    mCommandBuffer.clear();
+    mEntryNum.setDirect(0);
+}
+
+void RenderSystem::postprocess()
+{
+    if (!mpDevice)
+        return;
+    for (DrawContext* context : mpContext)
+        context->final();
+
+    sCommand* end = static_cast<sCommand*>(allocateCommandBuffer(sizeof(sCommand)));
+    *end = {eCommand::End, sCommand::EndKey};
+    entryCommand(end);
+    sortCommandBuffer();
+    ++mBuildFrame;
+}
+
+void RenderSystem::makeUIList(List<UIBase>&)
+{
+}
+
+DrawContext* RenderSystem::popContext()
+{
+    DrawContext* context = mFreeContext.pop();
+    context->setup();
+    return context;
+}
+
+void RenderSystem::pushContext(DrawContext* context)
+{
+    context->flushVertices();
+    mFreeContext.push(context);
+}
+
+void RenderSystem::entryCommand(sCommand** commands, unsigned int count)
+{
+    const unsigned int begin = static_cast<unsigned int>(mEntryNum.add(static_cast<int>(count)));
+    if (begin + count > EntryNum)
+        dev_assert("Command entry buffer overflow.\n", __FILE__, __LINE__);
+    for (unsigned int i = 0; i < count; ++i)
+        mpEntry[begin + i] = commands[i];
+}
+
+void RenderSystem::registTexture(Texture* texture)
+{
+    lock();
+    mTexture.addLast(texture);
+    unlock();
+}
+
+void RenderSystem::executeCommand()
+{
+    if (!mpDevice)
+        return;
+    realizeTextures();
+    swap();
+    mpDevice->beginScene(mWindowRect, getCommandMemory(), mCommandBuffer.getUsedSize());
+    mDrawCommandNum = Replay(*mpDevice, mWindowRect, getCommandMemory()).execute(mpSortedCommand);
+    mpDevice->endScene();
+    reapTextures();
+    ++mExecuteFrame;
+}
+
+void RenderSystem::readPixels(const sRect& rect, sColor* pixels)
+{
+    if (mpDevice)
+        mpDevice->readPixels(rect & mWindowRect, mWindowRect, pixels);
+}
+
+RenderDevice* RenderSystem::getCurrentDevice() const
+{
+    return std::this_thread::get_id() == mMainThread ? mpDevice : nullptr;
+}
+
+void RenderSystem::init()
+{
+    DEV_TRACE("RenderSystem : initializing...\n");
+    mpDevice = makeDevice();
+    if (!mpDevice)
+        return;
+
+    mWindowRect = ::getWindowRect();
+    mpEntry = allocateEntries(EntryNum);
+    mpSortedCommand = allocateEntries(EntryNum);
+    for (DrawContext*& context : mpContext)
+        context = new DrawContext(*this);
+    DEV_TRACE("RenderSystem : initializing end.\n");
+}
+
+// Null when there is a graphics library that does not start.
+RenderDevice* RenderSystem::makeDevice()
+{
+    Platform* platform = Platform::getInstance();
+    if (!platform || !platform->isWindowOpen())
+        return nullptr;
+    if (!platform->hasGraphics())
+        return new NullDevice;
+    return platform->makeCurrent() ? GLDevice::create(::getWindowRect()) : nullptr;
+}
+
+void RenderSystem::sortCommandBuffer()
+{
+    mSort.sort(mpSortedCommand, mpEntry, static_cast<unsigned int>(mEntryNum.get()), JobSystem::getInstance());
+}
+
+void RenderSystem::swap()
+{
+    Platform::getInstance()->swap();
+    if (!Platform::getInstance()->makeCurrent())
+        DEV_TRACE("RenderSystem : The graphics context is lost.\n");
+}
+
+void RenderSystem::realizeTextures()
+{
+    lock();
+    for (Texture* texture : mTexture)
+        texture->realize(*mpDevice);
+    unlock();
+}
+
+void RenderSystem::reapTextures()
+{
+    lock();
+    for (List<Texture>::iterator place = mTexture.begin(); place != mTexture.end(); ++place)
+    {
+        Texture* texture = *place;
+        texture->unprotect(mExecuteFrame);
+        if (texture->isValid())
+            continue;
+
+        // On purpose: the walk goes on behind the follower, so that the next texture waits for the next frame.
+        place = mTexture.remove(place);
+        deleteTexture(texture);
+    }
+    unlock();
+}
+
+void RenderSystem::deleteTexture(Texture* texture)
+{
+    if (mpDevice)
+        texture->discard(*mpDevice);
+    delete texture;
+}
+
+void RenderSystem::cleanUp()
+{
+    mExecuteFrame = mBuildFrame + 1;
+    for (List<Texture>::iterator place = mTexture.begin(); place != mTexture.end();)
+    {
+        Texture* texture = *place;
+        texture->unprotect(mExecuteFrame);
+        if (texture->isValid())
+            dev_assert("Texture leak.", __FILE__, __LINE__);
+        place = mTexture.remove(place);
+        deleteTexture(texture);
+    }
+
+    delete mpDevice;
+    for (DrawContext* context : mpContext)
+        delete context;
+    deallocate(mpEntry);
+    deallocate(mpSortedCommand);
+}

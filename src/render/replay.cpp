@@ -1,0 +1,103 @@
+#include "render/replay.h"
+
+#include "render/command.h"
+#include "render/renderdevice.h"
+#include "render/texture.h"
+#include "render/vertex.h"
+
+namespace
+{
+// Equal to no value of a command, so that the first one is always handed on.
+constexpr unsigned int Unset = 2;
+
+template <typename T, typename Apply>
+void applyChange(T& current, const T& wanted, Apply apply)
+{
+    if (current == wanted)
+        return;
+    apply(wanted);
+    current = wanted;
+}
+}
+
+Replay::Replay(RenderDevice& device, const sRect& window, const void* memory)
+    : mDevice(device),
+      mpMemory(static_cast<const unsigned char*>(memory)),
+      mWindow(window),
+      mTargetRect(window),
+      mViewport(window),
+      mScissor(window),
+      mProjection(window),
+      mFiltering(static_cast<eTextureFiltering>(Unset)),
+      mCombineMode(static_cast<eTextureCombineMode>(Unset))
+{
+}
+
+unsigned int Replay::execute(const sCommand* const* commands)
+{
+    mDevice.setViewport(mViewport, mTargetRect);
+    mDevice.setScissor(mScissor, mTargetRect);
+    mDevice.setProjection(mProjection);
+
+    unsigned int drawNum = 0;
+    for (; (*commands)->kind != eCommand::End; ++commands)
+    {
+        if ((*commands)->kind == eCommand::Clear)
+            clear(static_cast<const sClearCommand&>(**commands));
+        if ((*commands)->kind != eCommand::Draw)
+            continue;
+        draw(static_cast<const sDrawCommand&>(**commands));
+        ++drawNum;
+    }
+    return drawNum;
+}
+
+void Replay::clear(const sClearCommand& command)
+{
+    applyChange(mpTarget, command.target,
+                [this](Texture* target)
+                {
+                    mDevice.setRenderTarget(target);
+                    mTargetRect = target ? sRect(target->getWidth(), target->getHeight()) : mWindow;
+                    mDevice.setViewport(mViewport, mTargetRect);
+                    mDevice.setScissor(mScissor, mTargetRect);
+                });
+    mDevice.clear(command.color, command.rect, mTargetRect);
+}
+
+void Replay::draw(const sDrawCommand& command)
+{
+    // On purpose: only a clear changes the target rectangle, by which the rectangles of all draws are placed.
+    applyChange(mpTarget, command.target, [this](Texture* target) { mDevice.setRenderTarget(target); });
+    applyChange(mBlendMode, command.state.getBlendMode(),
+                [this](eBlendMode mode) { mDevice.setBlendMode(mode, mBlendMode); });
+    applyTexture(command);
+    applyChange(mViewport, command.viewport, [this](const sRect& rect) { mDevice.setViewport(rect, mTargetRect); });
+    applyChange(mScissor, command.scissor, [this](const sRect& rect) { mDevice.setScissor(rect, mTargetRect); });
+    applyChange(mProjection, command.projection, [this](const sRect& rect) { mDevice.setProjection(rect); });
+    drawVertices(command);
+}
+
+void Replay::applyTexture(const sDrawCommand& command)
+{
+    const bool textured = command.state.getVertexDecl() == eVertexDecl::Textured;
+    applyChange(mpTexture, textured ? command.texture : nullptr,
+                [this](Texture* texture) { mDevice.setTexture(texture, mpTarget); });
+    if (!mpTexture)
+        return;
+
+    // On purpose: the filtering belongs to the texture that is bound when it changes; one bound later keeps its own.
+    applyChange(mFiltering, command.state.getFiltering(),
+                [this](eTextureFiltering filtering) { mDevice.setTextureFiltering(filtering); });
+    applyChange(mCombineMode, command.state.getCombineMode(),
+                [this](eTextureCombineMode mode) { mDevice.setTextureCombineMode(mode); });
+}
+
+void Replay::drawVertices(const sDrawCommand& command)
+{
+    const eVertexDecl declaration = command.state.getVertexDecl();
+    const auto offset = static_cast<const unsigned char*>(command.vertices) - mpMemory;
+    mDevice.drawVertices(command.state.getPrimitiveType(),
+                         static_cast<unsigned int>(offset) / getDeviceStride(declaration), command.state.vertexNum,
+                         declaration);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "foundation/srect.h"
+#include "render/drawstate.h"
+
+class RenderDevice;
+class Texture;
+struct sClearCommand;
+struct sCommand;
+struct sDrawCommand;
+
+// One walk over the sorted commands of a frame. It knows the state that the device is in and hands on only what
+// changes. It allocates nothing.
+class Replay
+{
+public:
+    // `memory` is where the frame's commands and vertices start.
+    Replay(RenderDevice& device, const sRect& window, const void* memory);
+
+    // Walks up to the end command, passing over what is neither a clear nor a draw. Returns the number of draws.
+    unsigned int execute(const sCommand* const* commands);
+
+private:
+    void clear(const sClearCommand& command);
+    void draw(const sDrawCommand& command);
+    void applyTexture(const sDrawCommand& command);
+    void drawVertices(const sDrawCommand& command);
+
+    RenderDevice& mDevice;
+    const unsigned char* mpMemory;
+    sRect mWindow;
+    sRect mTargetRect;
+    sRect mViewport;
+    sRect mScissor;
+    sRect mProjection;
+    Texture* mpTarget = nullptr;
+    Texture* mpTexture = nullptr;
+    eBlendMode mBlendMode = eBlendMode::Opaque;
+    eTextureFiltering mFiltering;
+    eTextureCombineMode mCombineMode;
+};

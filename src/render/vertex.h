@@ -1,0 +1,48 @@
+#pragma once
+
+#include "foundation/scolor.h"
+#include "foundation/spoint.h"
+#include "render/drawstate.h"
+
+// Vertices as callers write them.
+struct sPlainVertex
+{
+    sVector position;
+    sColor color;
+};
+
+// Texture coordinates count texels.
+struct sTexturedVertex
+{
+    sVector position;
+    sColor color;
+    short s;
+    short t;
+};
+
+// Vertices as the graphics library receives them.
+struct sPlainDeviceVertex
+{
+    float x;
+    float y;
+    float z;
+    sColor color;
+};
+
+struct sTexturedDeviceVertex
+{
+    float x;
+    float y;
+    float z;
+    sColor color;
+    short s;
+    short t;
+};
+
+static_assert(sizeof(sPlainVertex) == 12 && sizeof(sTexturedVertex) == 16);
+static_assert(sizeof(sPlainDeviceVertex) == 16 && sizeof(sTexturedDeviceVertex) == 20);
+
+constexpr unsigned int getDeviceStride(eVertexDecl declaration)
+{
+    return declaration == eVertexDecl::Plain ? sizeof(sPlainDeviceVertex) : sizeof(sTexturedDeviceVertex);
+}
