@@ -47,10 +47,15 @@ public:
     SpinLock& operator=(const SpinLock&) = delete;
 
     void lock();
-    void unlock();
+    void unlock() { mWord.store(Free, std::memory_order_release); }
 
 private:
-    std::atomic<int> mWord = 0;
+    static constexpr int Free = 0;
+    static constexpr int Taken = 4;
+
+    bool tryLock();
+
+    std::atomic<int> mWord = Free;
 };
 
 // A recursive lock, held inline so that entering it never allocates.
@@ -97,25 +102,55 @@ private:
     Lock* mpLock;
 };
 
-// A gate for one waiter: wait() consumes the signal, a set() without a waiter is kept.
+// Where threads wait for something that others change: for a moment awake, then asleep. Whoever has made it true calls
+// wakeOne() afterwards, which costs one look while nobody sleeps.
+class WaitingRoom
+{
+public:
+    // The texts of the assertions for a room that cannot be made and for a wait that fails.
+    WaitingRoom(const char* creationFailure, const char* waitFailure);
+    ~WaitingRoom();
+
+    WaitingRoom(const WaitingRoom&) = delete;
+    WaitingRoom& operator=(const WaitingRoom&) = delete;
+
+    // Returns once `ready` says true, or false at the deadline on the monotonic clock; null waits without limit.
+    template <typename Ready>
+    bool wait(Ready ready, const timespec* deadline);
+
+    void wakeOne();
+
+    // Wakes everybody, whose condition must be true by now, and returns when they are gone.
+    void empty();
+
+private:
+    template <typename Ready>
+    bool sleepUntil(Ready ready, const timespec* deadline);
+
+    void check(int result) const;
+
+    const char* mpWaitFailure;
+    pthread_mutex_t mMutex;
+    pthread_cond_t mCondition;
+    std::atomic<unsigned int> mVisitorNum = 0;
+    std::atomic<unsigned int> mSleeperNum = 0;
+};
+
+// A gate for one waiter: wait() consumes the signal, a set() without a waiter is kept. It must outlive each call of
+// set().
 class Event
 {
 public:
     Event();
-    ~Event();
-
-    Event(const Event&) = delete;
-    Event& operator=(const Event&) = delete;
 
     void set();
 
-    // 0 when signalled, 1 after `milliseconds`, which are limited to 0x7ffffffe.
+    // 0 when signalled, 1 after `milliseconds`, of which there are at most 0x7ffffffe.
     unsigned int wait(unsigned int milliseconds);
 
 private:
-    pthread_mutex_t mMutex;
-    pthread_cond_t mCondition;
-    bool mSignalled = false;
+    std::atomic<bool> mSignalled = false;
+    WaitingRoom mRoom;
 };
 
 class Semaphore
@@ -124,20 +159,20 @@ public:
     Semaphore(unsigned int maximum, unsigned int initial);
     ~Semaphore();
 
-    Semaphore(const Semaphore&) = delete;
-    Semaphore& operator=(const Semaphore&) = delete;
-
     // 1 when done, 0 when the count was at its maximum.
     unsigned int signal();
 
-    // Waits without limit; 1 when acquired.
+    // Waits without limit; 1 when acquired, 0 when the semaphore is being deleted.
     unsigned int wait();
 
+    // Takes a signal that is there; false when there is none.
+    bool tryWait();
+
 private:
-    pthread_mutex_t mMutex;
-    pthread_cond_t mCondition;
     unsigned int mMaximum;
-    unsigned int mCount;
+    std::atomic<unsigned int> mCount;
+    std::atomic<bool> mDeleted = false;
+    WaitingRoom mRoom;
 };
 
 // A thread that waits at a gate until run(). A concrete class terminates, wakes and waits for its thread in its own
@@ -178,7 +213,7 @@ public:
     int getStatus() const { return mStatus.get(); }
     bool checkTerminateRequest() const { return mStatus.get() == Terminating; }
 
-    // Only a hint to the scheduler; failure is ignored.
+    // Only a hint to the scheduler, which follows downwards; failure is ignored.
     void setPriority(ePriority priority);
 
     static void sleep(unsigned int milliseconds);
@@ -191,8 +226,11 @@ private:
     void prepare();
     static void* innerFunction(void* thread);
 
+    void applyPriority();
+
     pthread_t mThread;
     Event mGate;
     Atomic mStatus;
     Atomic mSystemID;
+    Atomic mNiceness;
 };

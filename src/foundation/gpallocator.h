@@ -1,0 +1,66 @@
+#pragma once
+
+#include "foundation/allocator.h"
+#include "foundation/freeindex.h"
+#include "foundation/multithread.h"
+
+// The general heap: exact first fit, small blocks and negative sizes from the top, all others from the bottom, so that
+// long-lived big blocks are not torn apart by small ones. The free blocks form a list in ascending order in which no
+// two neighbours touch; the index knows the same blocks and saves the walk. A block left over at the end is fatal.
+class GPAllocator : public AllocatorBase
+{
+public:
+    using sHeader = sHeapBlock;
+
+    // Requests of more than `threshold` bytes come from the bottom.
+    GPAllocator(unsigned int heapSize, const char* name, AllocatorBase* parent, int threshold, bool threadSafe);
+    ~GPAllocator() override;
+
+    // Null and a trace when no free block fits.
+    void* allocate(int size, unsigned int alignment) override;
+    void deallocate(void* block) override;
+
+    // Asserts that nothing is allocated.
+    void clear() override;
+
+    // Counts the headers of free blocks as used.
+    unsigned int getUsedSize() const override;
+
+    // Traces every block in use and asserts if there is one.
+    void checkLeak() const;
+
+    // Compares the heap, the list of free blocks and the index with one another.
+    bool isConsistent() const;
+
+private:
+    sHeader* at(unsigned int place) const;
+    unsigned int placeOf(const sHeader* block) const;
+    sHeader* atGranule(unsigned int granule) const;
+    unsigned int granuleOf(const sHeader* block) const;
+    CriticalSection* getLock() const { return mThreadSafe ? &mCriticalSection : nullptr; }
+    unsigned char* getHeapStart() const { return static_cast<unsigned char*>(mpHeap); }
+    unsigned char* getHeapEnd() const;
+
+    void reset();
+    unsigned char* allocateFw(unsigned int rounded, unsigned int alignment);
+    unsigned char* allocateBk(unsigned int rounded, unsigned int alignment);
+    unsigned char* take(sHeader* block, unsigned char* start, unsigned int fromBack);
+    void release(sHeader* block);
+
+    void insert(sHeader* block, sHeader* previous, sHeader* next);
+    void remove(sHeader* block);
+    void cut(sHeader* block, sHeader* rest);
+    void resize(sHeader* block, unsigned int size);
+    void connect(sHeader* previous, sHeader* next);
+
+    bool isHeapConsistent() const;
+    bool isListConsistent() const;
+
+    sHeader* mpFreeHead = nullptr;
+    sHeader* mpFreeTail = nullptr;
+    int mThreshold;
+    unsigned int mCallCount = 0;
+    mutable CriticalSection mCriticalSection;
+    unsigned int mFreeSize = 0;
+    FreeIndex mIndex;
+};
