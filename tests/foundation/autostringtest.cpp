@@ -1,0 +1,173 @@
+#include "foundation/autostring.h"
+
+#include "tests/support/countingallocator.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+// Runs each test once on a heap of its own, and counts what the strings of the test leave behind.
+class AutoStringTest : public testing::Test
+{
+protected:
+    AutoStringTest() { AutoString::setAllocator(&mAllocator); }
+    ~AutoStringTest() override
+    {
+        EXPECT_EQ(mAllocator.getLive(), 0);
+        AutoString::deleteAllocator();
+    }
+
+    CountingAllocator mAllocator;
+};
+
+TEST_F(AutoStringTest, TellsTheEmptyStringFromAnEmptyText)
+{
+    const AutoString empty;
+    EXPECT_EQ(empty.c_str(), nullptr);
+    EXPECT_TRUE(empty.empty());
+    EXPECT_FALSE(empty);
+    EXPECT_EQ(empty.size(), 0u);
+    EXPECT_EQ(empty.hash(), 0xFFFFFFFFu);
+    EXPECT_TRUE(AutoString(static_cast<const char*>(nullptr)).empty());
+
+    const AutoString text("");
+    EXPECT_STREQ(text.c_str(), "");
+    EXPECT_FALSE(text.empty());
+    EXPECT_TRUE(text);
+    EXPECT_FALSE(text == empty);
+    EXPECT_TRUE(empty == AutoString::Null);
+    EXPECT_TRUE(empty == static_cast<const char*>(nullptr));
+    EXPECT_TRUE(text == "");
+}
+
+TEST_F(AutoStringTest, SharesOneBufferUntilOneSideIsWritten)
+{
+    AutoString text("walk");
+    const AutoString copy = text;
+    AutoString appended;
+    appended += text;
+    EXPECT_EQ(copy.c_str(), text.c_str());
+    EXPECT_EQ(appended.c_str(), text.c_str()) << "an empty string takes what is added as it is";
+    EXPECT_EQ(mAllocator.getCalls(), 1);
+    EXPECT_EQ(mAllocator.getLastAlignment(), 4u);
+
+    text[0] = 't';
+    EXPECT_STREQ(text.c_str(), "talk");
+    EXPECT_STREQ(copy.c_str(), "walk");
+
+    const char* former = text.c_str();
+    text[0] = 'b';
+    EXPECT_NE(text.c_str(), former) << "a sole owner gets a new buffer too";
+
+    former = text.c_str();
+    text = "balk";
+    EXPECT_EQ(text.c_str(), former) << "an equal text changes nothing";
+    text = text;
+    EXPECT_STREQ(text.c_str(), "balk");
+    text = AutoString::Null;
+    EXPECT_TRUE(text.empty());
+}
+
+TEST_F(AutoStringTest, InsertsAndRemoves)
+{
+    const struct
+    {
+        const char* text;
+        void (*edit)(AutoString&);
+        const char* expected;
+    } cases[] = {
+        {"abcd", [](AutoString& s) { s.remove(1, 2); }, "ad"},
+        {"abcd", [](AutoString& s) { s.remove(3, 2); }, "abc"},
+        {"abcd", [](AutoString& s) { s.remove(4, 2); }, "abcd"},
+        {"abcd", [](AutoString& s) { s.remove(9, 0); }, "abcd"},
+        {"abc", [](AutoString& s) { s.remove(1, 3); }, nullptr},
+        {"abc", [](AutoString& s) { s.remove(7, 3); }, nullptr},
+        {"abc", [](AutoString& s) { s.insert(1, 'x'); }, "axbc"},
+        {"abc", [](AutoString& s) { s.insert(0, AutoString("xy")); }, "xyabc"},
+        {"abc", [](AutoString& s) { s.insert(3, 'x'); }, "abcx"},
+        {"abc", [](AutoString& s) { s.insert(90, AutoString("xy")); }, "abcxy"},
+        {"abc", [](AutoString& s) { s.insert(1, s); }, "aabcbc"},
+        {"abc", [](AutoString& s) { s += s; }, "abcabc"},
+        {"abc", [](AutoString& s) { s += s.c_str() + 1; }, "abcbc"},
+        {"abc", [](AutoString& s) { s += AutoString(); }, "abc"},
+        {"abc", [](AutoString& s) { s += 'd'; }, "abcd"},
+        {"abc", [](AutoString& s) { s = 'd'; }, "d"},
+        {"abc", [](AutoString& s) { s.indent(2); }, "\t\tabc"},
+        {"abc", [](AutoString& s) { s.indent(0); }, "abc"},
+        {nullptr, [](AutoString& s) { s.indent(2); }, "\t\t"},
+        {nullptr, [](AutoString& s) { s.insert(5, 'x'); }, "x"},
+        {nullptr, [](AutoString& s) { s.remove(0, 0); }, nullptr},
+        {"abc", [](AutoString& s) { s.format("%s-%d%%", s.c_str(), 7); }, "abc-7%"},
+    };
+    for (const auto& row : cases)
+    {
+        AutoString text(row.text);
+        row.edit(text);
+        EXPECT_STREQ(text.c_str(), row.expected) << (row.text ? row.text : "(null)");
+    }
+    EXPECT_STREQ(("<" + AutoString("b") + "/" + '>').c_str(), "<b/>");
+}
+
+TEST_F(AutoStringTest, CutsWhatIsFormattedAtItsBuffer)
+{
+    AutoString text;
+    text.format("%s", std::string(5000, 'x').c_str());
+    EXPECT_EQ(text.size(), 1023u);
+}
+
+TEST_F(AutoStringTest, FindsFromBothEnds)
+{
+    const AutoString text("ababab");
+    EXPECT_EQ(text.findFirst('b'), 1u);
+    EXPECT_EQ(text.findLast('a'), 4u);
+    EXPECT_EQ(text.findFirst(AutoString("ba")), 1u);
+    EXPECT_EQ(text.findLast(AutoString("ab")), 4u);
+    EXPECT_EQ(text.findLast(AutoString("aba")), 0u) << "the one at 2 overlaps the one at 0";
+    for (const AutoString& absent : {AutoString("c"), AutoString(""), AutoString()})
+    {
+        EXPECT_EQ(text.findFirst(absent), AutoString::NotFound);
+        EXPECT_EQ(text.findLast(absent), AutoString::NotFound);
+        EXPECT_EQ(AutoString().findLast(absent), AutoString::NotFound);
+    }
+    EXPECT_EQ(text.findFirst('\0'), AutoString::NotFound);
+    EXPECT_EQ(AutoString().findFirst('a'), AutoString::NotFound);
+}
+
+TEST_F(AutoStringTest, CutsPartsOut)
+{
+    const AutoString text("walk.asq");
+    EXPECT_STREQ(text.substr(5).c_str(), "asq");
+    EXPECT_STREQ(text.substr(0, 4).c_str(), "walk");
+    EXPECT_STREQ(text.substr(6, 90).c_str(), "sq");
+    EXPECT_EQ(text.substr(0).c_str(), text.c_str());
+    EXPECT_TRUE(text.substr(8).empty());
+    EXPECT_TRUE(AutoString().substr(0).empty());
+    EXPECT_STREQ(AutoString::fromBytes(text.c_str() + 1, 2).c_str(), "al");
+}
+
+TEST_F(AutoStringTest, FallsBackOnTheGeneralHeapWhenItsOwnIsFull)
+{
+    AutoString before("inside");
+    mAllocator.setExhausted(true);
+    AutoString outside("outside");
+    EXPECT_TRUE(mAllocator.owns(before.c_str()));
+    EXPECT_FALSE(mAllocator.owns(outside.c_str()));
+    EXPECT_STREQ(outside.c_str(), "outside");
+
+    // Each goes back to where it came from, the sanitizers and the count of live blocks being the witnesses.
+    before = outside;
+    EXPECT_EQ(mAllocator.getLive(), 0);
+    AutoString* texts = new AutoString[3];
+    texts[1] = before;
+    mAllocator.setExhausted(false);
+    delete[] texts;
+}
+
+TEST_F(AutoStringTest, StopsOnMisuse)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    AutoString empty;
+    EXPECT_DEATH(empty[0] = 'a', "Buffer is NULL.");
+    EXPECT_DEATH(AutoString::setAllocator(&mAllocator), "Allocator already set.");
+}

@@ -1,0 +1,165 @@
+#include "foundation/minmax.h"
+#include "foundation/scolor.h"
+#include "foundation/sfixed.h"
+#include "foundation/smatrix.h"
+#include "foundation/srect.h"
+#include "foundation/trigonometricalfunction.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+// What is used before main has to be known to the compiler.
+static_assert(sColor::DarkGray.g == 105 && sColorF::Cyan.b == 1.0f && sFixed::Half.getRaw() == 0x8000);
+static_assert(sRect::Max.right == 2147483647 && sMatrix::Identity.m[1][1] == sFixed::One);
+static_assert(sVector(3, -1).y.getRaw() == -65536 && sVector(sFixed::Half, sFixed::One).x == sFixed::Half);
+static_assert(sizeof(sColor) == 4 && sizeof(sTexcoord) == 4 && sizeof(sVector) == 8 && sizeof(sMatrix) == 36);
+
+TEST(sFixedTest, TruncatesFloatsAndFloorsToIntegers)
+{
+    const struct
+    {
+        float value;
+        int raw;
+        int whole;
+        float back;
+    } cases[] = {
+        {-0.5f, -32768, -1, -0.5f},
+        {0.1f, 6553, 0, 0.0999908447f},
+        {-0.1f, -6553, -1, -0.0999908447f},
+        {0.999f, 65470, 0, 0.99899292f},
+        {-1.25f, -81920, -2, -1.25f},
+        {32767.99f, 2147483008, 32767, 32767.9902f},
+        {40000.0f, 2147483647, 32767, 32768.0f},
+        {-1.0e30f, -2147483647 - 1, -32768, -32768.0f},
+        {std::numeric_limits<float>::infinity(), 2147483647, 32767, 32768.0f},
+        {std::numeric_limits<float>::quiet_NaN(), 0, 0, 0.0f},
+    };
+    for (const auto& row : cases)
+    {
+        const sFixed fixed(row.value);
+        EXPECT_EQ(fixed.getRaw(), row.raw) << row.value;
+        EXPECT_EQ(static_cast<int>(fixed), row.whole) << row.value;
+        EXPECT_EQ(static_cast<float>(fixed), row.back) << row.value;
+    }
+}
+
+TEST(sFixedTest, ShiftsProductsArithmeticallyAndWrapsSums)
+{
+    const int cases[][3] = {{-1, 1, -1},
+                            {-32768, 32768, -16384},
+                            {65536, -98304, -98304},
+                            {-98304, 98304, -147456},
+                            {2147483647, 131072, -2}};
+    for (const auto& [left, right, product] : cases)
+        EXPECT_EQ((sFixed(left, 0) * sFixed(right, 0)).getRaw(), product) << left << " * " << right;
+
+    EXPECT_EQ(sFixed::Max + sFixed(1, 0), sFixed::Min);
+    EXPECT_EQ(sFixed::Min - sFixed(1, 0), sFixed::Max);
+    EXPECT_EQ(-sFixed::Min, sFixed::Min);
+    EXPECT_EQ(sFixed(-3, 16).getRaw(), -196608);
+    EXPECT_LT(sFixed(-1, 0), sFixed::Zero);
+    EXPECT_NE(sFixed(0.4f), sFixed::Zero);
+    EXPECT_EQ(maximum(sFixed::Half, minimum(sFixed::One, sFixed::Min)), sFixed::Half);
+}
+
+TEST(sColorTest, ComesBackFromFloatsUnchanged)
+{
+    for (int value = 0; value < 256; ++value)
+    {
+        const auto byte = static_cast<unsigned char>(value);
+        const sColor color(byte, 0, 255, byte);
+        EXPECT_EQ(sColor(sColorF(color)), color) << value;
+    }
+    EXPECT_EQ(static_cast<unsigned int>(sColor(1, 2, 3, 4)), 0x04030201u);
+    EXPECT_EQ(sColor(sColorF(0.999f, -1.0f, 1.5f, std::numeric_limits<float>::quiet_NaN())),
+              sColor(254, 1, 126, 0))
+        << "truncated, then cut to a byte";
+
+    const sColorF product = sColorF(0.5f, 1.0f, 0.0f, 0.25f) * sColorF(0.5f, 0.5f, 1.0f, 4.0f);
+    for (int i = 0; i < 4; ++i)
+    {
+        EXPECT_EQ(product[i], (sColorF(0.25f, 0.5f, 0.0f, 1.0f)[i]));
+        EXPECT_EQ(sColor(10, 11, 12, 13)[i], 10 + i);
+    }
+}
+
+TEST(sRectTest, Intersects)
+{
+    const sRect rect(10, 20, 30, 40);
+    const struct
+    {
+        sRect other;
+        sRect expected;
+    } cases[] = {
+        {rect, rect},
+        {{30, 20, 50, 40}, sRect::Zero},
+        {{10, 40, 30, 60}, sRect::Zero},
+        {{100, 100, 200, 200}, sRect::Zero},
+        {{0, 0, 20, 30}, {10, 20, 20, 30}},
+        {{15, 25, 16, 26}, {15, 25, 16, 26}},
+        {sRect::Max, rect},
+    };
+    for (const auto& row : cases)
+    {
+        EXPECT_TRUE((rect & row.other) == row.expected);
+        EXPECT_TRUE((row.other & rect) == row.expected);
+    }
+    EXPECT_EQ(rect.getWidth(), 20u);
+    EXPECT_EQ(sRect(-2147483647 - 1, 0, 2147483647, 5).getWidth(), 0xFFFFFFFFu);
+    EXPECT_TRUE(sRect(sSize(7, 8)) == sRect(7u, 8u));
+
+    sPoint point(2147483647, -1);
+    point += sPoint(1, 1);
+    EXPECT_EQ(point, sPoint(-2147483647 - 1, 0));
+    EXPECT_EQ(point[1], 0);
+    EXPECT_EQ(sTexcoord(65535, 1) + sTexcoord(2, 1), sTexcoord(1, 2));
+}
+
+class TrigonometricalFunctionTest : public testing::Test
+{
+protected:
+    TrigonometricalFunctionTest() { TrigonometricalFunction::initialize(); }
+};
+
+TEST_F(TrigonometricalFunctionTest, FollowsTheSineAllAround)
+{
+    for (int angle = 0; angle < 1024; ++angle)
+    {
+        if (angle == 768)
+            continue;
+        const float sine = static_cast<float>(TrigonometricalFunction::getSin(angle));
+        EXPECT_NEAR(sine, std::sin(angle * 3.14159265358979 / 512.0), 2.0e-5) << angle;
+        EXPECT_EQ(TrigonometricalFunction::getCos(angle - 256), TrigonometricalFunction::getSin(angle));
+        EXPECT_EQ(TrigonometricalFunction::getSin(angle - 1024), TrigonometricalFunction::getSin(angle));
+    }
+    // These differ as soon as the step is a float.
+    EXPECT_EQ(TrigonometricalFunction::getSin(617).getRaw(), -39362);
+    EXPECT_EQ(TrigonometricalFunction::getSin(664).getRaw(), -52639);
+    EXPECT_EQ(TrigonometricalFunction::getSin(1017).getRaw(), -2813);
+}
+
+TEST_F(TrigonometricalFunctionTest, SineAtThreeQuartersIsPlusOne)
+{
+    EXPECT_EQ(TrigonometricalFunction::getSin(768), sFixed::One);
+    EXPECT_EQ(TrigonometricalFunction::getCos(512), sFixed::One);
+}
+
+TEST_F(TrigonometricalFunctionTest, TurnsAndMovesPoints)
+{
+    const int cases[][3] = {
+        {0, 983040, 720896},     {1, 981412, 724908},   {64, 832834, 951730},    {128, 605720, 1107512},
+        {256, 65536, 1114112},   {384, -321080, 736792}, {512, 983040, 720896},  {640, 49640, -190008},
+        {768, 65536, 1114112},   {896, 976440, 180712}, {1023, 984628, 716868},
+    };
+    for (const auto& [angle, x, y] : cases)
+    {
+        const sMatrix matrix(sFixed(angle, 16), sVector(5, 7));
+        const sVector moved = matrix.transform(sVector(10, 4));
+        EXPECT_EQ(moved.x.getRaw(), x) << angle;
+        EXPECT_EQ(moved.y.getRaw(), y) << angle;
+        EXPECT_EQ(sMatrix::Identity * matrix, matrix);
+        EXPECT_EQ((matrix * matrix).transform(sVector(0, 0)), matrix.transform(sVector(5, 7)));
+    }
+}
