@@ -2,7 +2,7 @@
 
 #include "foundation/dev.h"
 
-#include <cstring>
+#include <algorithm>
 #include <new>
 
 // Pointers sorted by a 32-bit key in one array; it owns nothing that it points at. Key 0 is reserved.
@@ -106,8 +106,7 @@ void Map<T>::reserve(unsigned int capacity)
     sEntryTag* array = new (std::nothrow) sEntryTag[capacity]();
     if (!array)
         dev_assert("Not enough memory.", __FILE__, __LINE__);
-    if (mSize)
-        std::memcpy(array, mpArray, mSize * sizeof(sEntryTag));
+    std::copy_n(mpArray, mSize, array);
     delete[] mpArray;
     mpArray = array;
     mCapacity = capacity;
@@ -137,7 +136,7 @@ void Map<T>::remove(unsigned int key)
     const unsigned int place = getPlace(key);
     if (place == mSize)
         return;
-    std::memmove(mpArray + place, mpArray + place + 1, (mSize - place - 1) * sizeof(sEntryTag));
+    std::copy(mpArray + place + 1, mpArray + mSize, mpArray + place);
     // On purpose: the last entry leaves both extremes behind; they mean nothing while the map is empty.
     if (--mSize == 0)
         return;
@@ -164,7 +163,7 @@ unsigned int Map<T>::findNearest(unsigned int key) const
 template <typename T>
 void Map<T>::insertAt(unsigned int place, T* value, unsigned int key)
 {
-    std::memmove(mpArray + place + 1, mpArray + place, (mSize - place) * sizeof(sEntryTag));
+    std::copy_backward(mpArray + place, mpArray + mSize, mpArray + mSize + 1);
     mpArray[place] = {value, key};
     ++mSize;
     mLowest = mpArray[0].key;

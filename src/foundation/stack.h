@@ -3,7 +3,7 @@
 #include "foundation/dev.h"
 #include "foundation/minmax.h"
 
-#include <cstring>
+#include <algorithm>
 #include <new>
 
 // A stack of pointers that doubles when full; it owns nothing that it points at.
@@ -27,8 +27,7 @@ public:
         T** base = new (std::nothrow) T*[capacity];
         if (!base)
             dev_assert("Not enough memory.", __FILE__, __LINE__);
-        if (count)
-            std::memcpy(base, mpBase, count * sizeof(T*));
+        std::copy_n(mpBase, count, base);
         delete[] mpBase;
         mpBase = base;
         mpTop = base + count;

@@ -3,7 +3,7 @@
 #include "foundation/dev.h"
 #include "foundation/minmax.h"
 
-#include <cstring>
+#include <algorithm>
 #include <new>
 
 // Walks an array of pointers.
@@ -51,11 +51,14 @@ public:
     {
         if (capacity < mSize)
             dev_assert("Invalid size.", __FILE__, __LINE__);
-        T** array = capacity ? new (std::nothrow) T*[capacity] : nullptr;
-        if (capacity && !array)
-            dev_assert("Not enough memory.", __FILE__, __LINE__);
-        if (mSize)
-            std::memcpy(array, mpArray, mSize * sizeof(T*));
+        T** array = nullptr;
+        if (capacity)
+        {
+            array = new (std::nothrow) T*[capacity];
+            if (!array)
+                dev_assert("Not enough memory.", __FILE__, __LINE__);
+            std::copy_n(mpArray, mSize, array);
+        }
         delete[] mpArray;
         mpArray = array;
         mCapacity = capacity;

@@ -19,9 +19,9 @@ TEST(UtilsTest, HashesNames)
         const char* text;
         unsigned int hash;
     } cases[] = {
-        {"ObjectBase", 0x0753faa8},  {"AnimCell", 0x9e322be8}, {"SequencerUniqueKey<sPoint>", 0xd7a3fbfe},
-        {"Attribute", 3607898120u},  {"AnimSequencer", 868366973}, {"intermediate/anim/walk.asq.xml", 0xa3cae42d},
-        {"", 0xFFFFFFFF},            {nullptr, 0xFFFFFFFF},
+        {"ObjectBase", 0x0753faa8}, {"AnimCell", 0x9e322be8},     {"SequencerUniqueKey<sPoint>", 0xd7a3fbfe},
+        {"Attribute", 3607898120u}, {"AnimSequencer", 868366973}, {"intermediate/anim/walk.asq.xml", 0xa3cae42d},
+        {"", 0xFFFFFFFF},           {nullptr, 0xFFFFFFFF},
     };
     for (const auto& row : cases)
         EXPECT_EQ(Utils::hash(row.text), row.hash) << (row.text ? row.text : "(null)");

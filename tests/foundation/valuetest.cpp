@@ -73,8 +73,7 @@ TEST(sColorTest, ComesBackFromFloatsUnchanged)
         EXPECT_EQ(sColor(sColorF(color)), color) << value;
     }
     EXPECT_EQ(static_cast<unsigned int>(sColor(1, 2, 3, 4)), 0x04030201u);
-    EXPECT_EQ(sColor(sColorF(0.999f, -1.0f, 1.5f, std::numeric_limits<float>::quiet_NaN())),
-              sColor(254, 1, 126, 0))
+    EXPECT_EQ(sColor(sColorF(0.999f, -1.0f, 1.5f, std::numeric_limits<float>::quiet_NaN())), sColor(254, 1, 126, 0))
         << "truncated, then cut to a byte";
 
     const sColorF product = sColorF(0.5f, 1.0f, 0.0f, 0.25f) * sColorF(0.5f, 0.5f, 1.0f, 4.0f);
@@ -149,9 +148,9 @@ TEST_F(TrigonometricalFunctionTest, SineAtThreeQuartersIsPlusOne)
 TEST_F(TrigonometricalFunctionTest, TurnsAndMovesPoints)
 {
     const int cases[][3] = {
-        {0, 983040, 720896},     {1, 981412, 724908},   {64, 832834, 951730},    {128, 605720, 1107512},
-        {256, 65536, 1114112},   {384, -321080, 736792}, {512, 983040, 720896},  {640, 49640, -190008},
-        {768, 65536, 1114112},   {896, 976440, 180712}, {1023, 984628, 716868},
+        {0, 983040, 720896},   {1, 981412, 724908},    {64, 832834, 951730},   {128, 605720, 1107512},
+        {256, 65536, 1114112}, {384, -321080, 736792}, {512, 983040, 720896},  {640, 49640, -190008},
+        {768, 65536, 1114112}, {896, 976440, 180712},  {1023, 984628, 716868},
     };
     for (const auto& [angle, x, y] : cases)
     {
