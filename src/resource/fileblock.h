@@ -18,9 +18,6 @@ public:
     bool empty() const { return mView.size() == 0; }
     const ByteView& getView() const { return mView; }
 
-    // Writable, since a texture takes its pixels so; not to be used on an empty block.
-    unsigned char* getBytes() const { return mBlock->get(); }
-
 private:
     void read(BinaryFileStream& stream);
 

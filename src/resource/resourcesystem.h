@@ -9,7 +9,6 @@
 #include "foundation/singleton.h"
 #include "foundation/vector.h"
 
-class AutoString;
 class ResourceBase;
 
 // The registry of all loaded resources, their factory and the owner of the background load thread. A resource is
@@ -22,7 +21,8 @@ class ResourceSystem : public System, public Singleton<ResourceSystem>
 public:
     using LoadCallback = FunctorIntermediate<ResourceBase*, void>;
 
-    static ResourceSystem* create();
+    ResourceSystem();
+    ~ResourceSystem() override;
     void destroy() override;
 
     // Loads synchronously; the result carries a reference for the caller. Null for a type that is no concrete
@@ -75,20 +75,18 @@ private:
         ResourceSystem* mpSystem;
     };
 
-    ResourceSystem();
-    ~ResourceSystem() override;
-
     void collectResourceTypes();
     ResourceBase* createNewResource(const TypeInfo* type);
+
+    // These take over the fresh instance; registered resources take its place.
     ResourceBase* createResourceInternal(const char* path, const TypeInfo* type);
     ResourceBase* loadIntermediate(ResourceBase* resource, const char* path);
     ResourceBase* loadNative(ResourceBase* resource, const char* path);
-    bool buildNative(const ResourceBase& native, const char* path, const AutoString& file);
-    ResourceBase* shareRegistered(ResourceBase* fresh, unsigned int key);
-    ResourceBase* registerLoaded(ResourceBase* resource, unsigned int key);
+    ResourceBase* shareRegistered(ResourceBase* fresh, unsigned int hash);
+    ResourceBase* registerLoaded(ResourceBase* resource, unsigned int hash);
 
     sLoadData* pop();
-    void loadQueued(sLoadData& data);
+    void loadQueued(const sLoadData& data);
     void releaseLoadData(sLoadData* data);
 
     Vector<TypeInfo> mResourceType;
