@@ -1,0 +1,317 @@
+#include "tool/toolsystem.h"
+
+#include "application/systemlock.h"
+#include "foundation/dev.h"
+#include "render/rendersystem.h"
+#include "render/texture.h"
+#include "render/vertex.h"
+#include "render/viewsystem.h"
+#include "resource/temporaryblock.h"
+
+#include <algorithm>
+#include <cstring>
+
+REFLECT(ToolSystem, eTypeAttribute::Singleton, "System");
+
+namespace
+{
+// Characters of one batch, chosen to stay well below the vertices that a context takes at once.
+constexpr unsigned int ChunkLength = 200;
+constexpr unsigned int CharactersPerRow = 16;
+
+sVector toVector(const sPoint& point)
+{
+    return {point.x, point.y};
+}
+
+void writeVertex(sTexturedVertex*& vertex, const sVector& position, sColor color, int s, int t)
+{
+    *vertex++ = {position, color, static_cast<short>(s), static_cast<short>(t)};
+}
+
+template <typename Vertex>
+Vertex* allocateVertices(DrawContext* context, ePrimitiveType type, unsigned int count)
+{
+    return static_cast<Vertex*>(context->allocateVertices(type, count));
+}
+
+// The four corners of the cell of one character, moved along the line.
+struct sCell
+{
+    sCell(const sPoint& position, unsigned int size)
+        : topLeft(toVector(position)),
+          topRight(topLeft + sVector(static_cast<int>(size), 0)),
+          bottomLeft(topLeft + sVector(0, static_cast<int>(size * 2))),
+          bottomRight(topLeft + sVector(static_cast<int>(size), static_cast<int>(size * 2)))
+    {
+    }
+
+    void advance(unsigned int size)
+    {
+        const sFixed step(static_cast<int>(size), 16);
+        for (sVector* corner : {&topLeft, &topRight, &bottomLeft, &bottomRight})
+            corner->x += step;
+    }
+
+    sVector topLeft;
+    sVector topRight;
+    sVector bottomLeft;
+    sVector bottomRight;
+};
+
+// On purpose: the code counts as a signed byte, so that what the font does not hold, control characters and bytes
+// from 0x80 on, lies outside its rows and shows as a blank.
+void writeCharacter(sTexturedVertex*& vertex, const sCell& cell, char character, sColor color)
+{
+    constexpr int Width = ToolSystem::FontWidth;
+    constexpr int Height = ToolSystem::FontHeight;
+    const int code = static_cast<signed char>(character - ' ');
+    const int s = code % static_cast<int>(CharactersPerRow) * Width;
+    const int t = code / static_cast<int>(CharactersPerRow) * Height;
+    writeVertex(vertex, cell.topLeft, color, s, t);
+    writeVertex(vertex, cell.topRight, color, s + Width, t);
+    writeVertex(vertex, cell.bottomLeft, color, s, t + Height);
+    writeVertex(vertex, cell.bottomRight, color, s + Width, t + Height);
+}
+
+// Whether the first cell lies inside the clip; in 64 bits, since positions may be anything.
+bool isInside(const sPoint& position, unsigned int size, const sRect& clip)
+{
+    const long long right = static_cast<long long>(position.x) + size;
+    const long long bottom = static_cast<long long>(position.y) + 2ll * size;
+    return position.x >= clip.left && position.y >= clip.top && right <= clip.right && bottom <= clip.bottom;
+}
+}
+
+ToolSystem::ToolSystem() : Singleton("ToolSystem already instanced.")
+{
+    setProcessEnable(true, false, true);
+    createFontTexture();
+    DEV_TRACE("ToolSystem : start.\n");
+}
+
+ToolSystem::~ToolSystem()
+{
+    mpFontTexture->release();
+    DEV_TRACE("ToolSystem : end.\n");
+}
+
+void ToolSystem::destroy()
+{
+    delete this;
+}
+
+void ToolSystem::setup()
+{
+    addPreprocessDependency(RenderSystem::getInstance());
+}
+
+void ToolSystem::preprocess()
+{
+    mpContext = RenderSystem::getInstance()->popContext();
+}
+
+void ToolSystem::postprocess()
+{
+    RenderSystem::getInstance()->pushContext(mpContext);
+    mpContext = nullptr;
+}
+
+void ToolSystem::makeUIList(List<UIBase>&)
+{
+}
+
+void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3)
+{
+    auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Quads, 4);
+    vertex[0] = {sVector(rect.left, rect.top), c0};
+    vertex[1] = {sVector(rect.right, rect.top), c1};
+    vertex[2] = {sVector(rect.left, rect.bottom), c2};
+    vertex[3] = {sVector(rect.right, rect.bottom), c3};
+}
+
+void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3,
+                          const sTexcoord& topLeft, const sTexcoord& bottomRight)
+{
+    auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Quads, 4);
+    writeVertex(vertex, sVector(rect.left, rect.top), c0, topLeft.x, topLeft.y);
+    writeVertex(vertex, sVector(rect.right, rect.top), c1, bottomRight.x, topLeft.y);
+    writeVertex(vertex, sVector(rect.left, rect.bottom), c2, topLeft.x, bottomRight.y);
+    writeVertex(vertex, sVector(rect.right, rect.bottom), c3, bottomRight.x, bottomRight.y);
+}
+
+void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
+                              sColor c1, sColor c2)
+{
+    auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Triangles, 3);
+    vertex[0] = {toVector(p0), c0};
+    vertex[1] = {toVector(p1), c1};
+    vertex[2] = {toVector(p2), c2};
+}
+
+void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
+                              sColor c1, sColor c2, const sTexcoord& t0, const sTexcoord& t1, const sTexcoord& t2)
+{
+    auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Triangles, 3);
+    writeVertex(vertex, toVector(p0), c0, t0.x, t0.y);
+    writeVertex(vertex, toVector(p1), c1, t1.x, t1.y);
+    writeVertex(vertex, toVector(p2), c2, t2.x, t2.y);
+}
+
+void ToolSystem::drawLine(DrawContext* context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1)
+{
+    auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Lines, 2);
+    vertex[0] = {toVector(p0), c0};
+    vertex[1] = {toVector(p1), c1};
+}
+
+void ToolSystem::drawString(DrawContext* context, const sPoint& position, const char* text, unsigned int size,
+                            sColor color, const sRect& clip)
+{
+    if (!isInside(position, size, clip))
+        return;
+    const auto fits = [&clip](const sCell& cell)
+    {
+        return static_cast<int>(cell.topRight.x) <= clip.right;
+    };
+    std::size_t rest = std::strlen(text);
+    for (sCell cell(position, size); rest && fits(cell);)
+    {
+        const unsigned int length = static_cast<unsigned int>(std::min<std::size_t>(rest, ChunkLength));
+        auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Quads, length * 4);
+        const sTexturedVertex* end = vertex + length * 4;
+        for (unsigned int i = 0; i < length && fits(cell); ++i, cell.advance(size))
+            writeCharacter(vertex, cell, text[i], color);
+        // Characters behind the clip are part of the batch all the same; without an area they do not show.
+        while (vertex != end)
+            writeVertex(vertex, cell.topLeft, color, 0, 0);
+        text += length;
+        rest -= length;
+    }
+}
+
+void ToolSystem::drawRect(const Context& context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3,
+                          const sTexcoord& topLeft, const sTexcoord& bottomRight)
+{
+    drawLocked(context, eTexturing::Given, [&] { drawRect(mpContext, rect, c0, c1, c2, c3, topLeft, bottomRight); });
+}
+
+void ToolSystem::drawRect(const Context& context, const sRect& rect, sColor color, const sTexcoord& topLeft,
+                          const sTexcoord& bottomRight)
+{
+    drawRect(context, rect, color, color, color, color, topLeft, bottomRight);
+}
+
+void ToolSystem::drawRect(const Context& context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3)
+{
+    drawLocked(context, eTexturing::None, [&] { drawRect(mpContext, rect, c0, c1, c2, c3); });
+}
+
+void ToolSystem::drawRect(const Context& context, const sRect& rect, sColor color)
+{
+    drawRect(context, rect, color, color, color, color);
+}
+
+void ToolSystem::drawTriangle(const Context& context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
+                              sColor c1, sColor c2, const sTexcoord& t0, const sTexcoord& t1, const sTexcoord& t2)
+{
+    drawLocked(context, eTexturing::Given, [&] { drawTriangle(mpContext, p0, p1, p2, c0, c1, c2, t0, t1, t2); });
+}
+
+void ToolSystem::drawTriangle(const Context& context, const sPoint& p0, const sPoint& p1, const sPoint& p2,
+                              sColor color, const sTexcoord& t0, const sTexcoord& t1, const sTexcoord& t2)
+{
+    drawTriangle(context, p0, p1, p2, color, color, color, t0, t1, t2);
+}
+
+void ToolSystem::drawTriangle(const Context& context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
+                              sColor c1, sColor c2)
+{
+    drawLocked(context, eTexturing::None, [&] { drawTriangle(mpContext, p0, p1, p2, c0, c1, c2); });
+}
+
+void ToolSystem::drawTriangle(const Context& context, const sPoint& p0, const sPoint& p1, const sPoint& p2,
+                              sColor color)
+{
+    drawTriangle(context, p0, p1, p2, color, color, color);
+}
+
+void ToolSystem::drawLine(const Context& context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1)
+{
+    drawLocked(context, eTexturing::None, [&] { drawLine(mpContext, p0, p1, c0, c1); });
+}
+
+void ToolSystem::drawLine(const Context& context, const sPoint& p0, const sPoint& p1, sColor color)
+{
+    drawLine(context, p0, p1, color, color);
+}
+
+void ToolSystem::drawString(const Context& context, const sPoint& position, const char* text, unsigned int size,
+                            sColor color)
+{
+    drawLocked(context, eTexturing::Font, [&] { drawString(mpContext, position, text, size, color, sRect::Max); });
+}
+
+void ToolSystem::drawString(unsigned int view, const sPoint& position, const char* text, unsigned int size,
+                            sColor color)
+{
+    const Context context = {.view = view,
+                             .drawLevel = 0,
+                             .subLevel = 0,
+                             .clip = ViewSystem::getInstance()->getViewport(view),
+                             .blendMode = eBlendMode::Alpha,
+                             .filtering = eTextureFiltering::Nearest,
+                             .texture = nullptr};
+    drawString(context, position, text, size, color);
+}
+
+// The lock covers everything from the first state to the last vertex.
+template <typename Draw>
+void ToolSystem::drawLocked(const Context& context, eTexturing texturing, Draw draw)
+{
+    const SystemLock lock(*this);
+    if (!mpContext)
+        dev_assert("Can't draw this period.", __FILE__, __LINE__);
+    pushCommonContext(context, texturing);
+    draw();
+}
+
+void ToolSystem::pushCommonContext(const Context& context, eTexturing texturing)
+{
+    const sRect& viewport = ViewSystem::getInstance()->getViewport(context.view);
+    const bool textured = texturing != eTexturing::None;
+    const bool font = texturing == eTexturing::Font;
+
+    mpContext->setView(context.view);
+    mpContext->setDrawLevel(context.drawLevel, context.subLevel);
+    mpContext->setRenderTarget(nullptr);
+    mpContext->setBlendMode(font ? eBlendMode::Alpha : context.blendMode);
+    mpContext->setViewport(viewport);
+    mpContext->setScissorRect(viewport & context.clip);
+    mpContext->setProjectionRect(ViewSystem::getInstance()->getProjection(context.view));
+    mpContext->setVertexDecl(textured ? eVertexDecl::Textured : eVertexDecl::Plain);
+    if (!textured)
+        return;
+    mpContext->setTextureFiltering(context.filtering);
+    mpContext->setTexture(font ? mpFontTexture : context.texture);
+}
+
+void ToolSystem::createFontTexture()
+{
+    constexpr unsigned int RowBytes = FontTextureSize / 8;
+    const TemporaryBlock block(FontTextureSize * FontTextureSize * sizeof(sColor));
+    if (!block)
+        dev_assert("Not enough memory.", __FILE__, __LINE__);
+    unsigned char* pixel = block.get();
+    for (unsigned int y = 0; y < FontTextureSize; ++y)
+    {
+        const unsigned char* row = mFontData.data() + (FontTextureSize - 1 - y) * RowBytes;
+        for (unsigned int x = 0; x < FontTextureSize; ++x, pixel += sizeof(sColor))
+        {
+            const bool set = row[x / 8] >> (7 - x % 8) & 1;
+            const sColor color(255, 255, 255, set ? 255 : 0);
+            std::memcpy(pixel, &color, sizeof(color));
+        }
+    }
+    mpFontTexture = new Texture(FontTextureSize, FontTextureSize, false, block.get());
+}
