@@ -1,6 +1,7 @@
 #include "application/systemmanager.h"
 
 #include "foundation/dev.h"
+#include "reflection/objectproperty.h"
 #include "reflection/propertylist.h"
 
 REFLECT(SystemManager, eTypeAttribute::Singleton, "ObjectBase");
@@ -36,19 +37,8 @@ void sweep(List<System>& waiting, List<System>& order, ePhase phase)
 }
 }
 
-SystemManager* SystemManager::mpInstance = nullptr;
-
-SystemManager* SystemManager::create()
+SystemManager::SystemManager() : Singleton("SystemManager already instanced."), mSystem(ReservedSystems)
 {
-    return mpInstance ? mpInstance : new SystemManager;
-}
-
-SystemManager::SystemManager() : mSystem(ReservedSystems)
-{
-    if (mpInstance)
-        dev_assert("SystemManager already instanced.", __FILE__, __LINE__);
-    mpInstance = this;
-
     for (ePhase phase : {ePhase::Preprocess, ePhase::Update, ePhase::Postprocess})
         mOrder[static_cast<unsigned int>(phase)].reserve(ReservedSystems);
     DEV_TRACE("SystemManager : start.\n");
@@ -113,7 +103,7 @@ void SystemManager::postprocess()
 void SystemManager::destroy()
 {
     callAll(ePhase::Destroy, &System::destroy);
-    mpInstance = nullptr;
+    forgetInstance();
     delete this;
 }
 
@@ -121,4 +111,10 @@ void SystemManager::makeUIList(List<UIBase>& list)
 {
     for (System* system : mSystem)
         system->makeUIList(list);
+}
+
+void SystemManager::makePropertyList(PropertyList& list)
+{
+    for (System* system : mSystem)
+        list.add(new ObjectProperty(system->getTypeInfo()->getName(), system, 1));
 }

@@ -2,20 +2,17 @@
 
 #include "application/system.h"
 #include "foundation/list.h"
+#include "foundation/singleton.h"
 #include "foundation/vector.h"
 #include "reflection/objectbase.h"
 
 // The systems of the program and the four orders in which they are walked. It destroys the systems, in the last of
 // the orders, and is deleted itself right after.
-class SystemManager : public ObjectBase
+class SystemManager : public ObjectBase, public Singleton<SystemManager>
 {
     REFLECTED(SystemManager)
 
 public:
-    // Makes the one instance, or returns the present one.
-    static SystemManager* create();
-    static SystemManager* getInstance() { return mpInstance; }
-
     // Systems are known by the order of their registration. All of them first, then setup(), then order().
     void addSystem(System* system) { mSystem.addLast(system); }
     unsigned int getSystemNum() const { return mSystem.size(); }
@@ -42,6 +39,8 @@ public:
     void makePropertyList(PropertyList& list) override;
 
 private:
+    friend Singleton<SystemManager>;
+
     SystemManager();
     ~SystemManager() override;
 
@@ -55,6 +54,4 @@ private:
 
     Vector<System> mSystem;
     List<System> mOrder[System::PhaseNum];
-
-    static SystemManager* mpInstance;
 };

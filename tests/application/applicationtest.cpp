@@ -11,6 +11,15 @@
 
 namespace
 {
+constexpr Application::sInitializer Initializer = {"", 64, 48, 60, 20, 240};
+
+struct PlainApplication : Application
+{
+    using Application::Application;
+    void setup() override {}
+    void update(float) override {}
+};
+
 sMouseEvent makeEvent(eMouseEvent kind, int x, int y)
 {
     sMouseEvent event;
@@ -144,6 +153,14 @@ TEST(ApplicationTest, TimeIsCountedInMillisecondsOfTheCountInPlace)
     EXPECT_LT(Application::getAbsoluteCount(), 5000000000250000u);
 }
 
+TEST(ApplicationTest, WithoutAnInitializerItStaysHalfMade)
+{
+    HeadlessPlace place;
+    PlainApplication application(nullptr);
+    EXPECT_EQ(Application::getInstance(), nullptr);
+    EXPECT_FALSE(place.getPlatform().isWindowOpen());
+}
+
 TEST(ApplicationDeathTest, FailuresStopTheProgram)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
@@ -152,12 +169,8 @@ TEST(ApplicationDeathTest, FailuresStopTheProgram)
         {
             HeadlessPlace place;
             place.getPlatform().refuseWindow();
-            struct : Application
-            {
-                using Application::Application;
-                void setup() override {}
-                void update(float) override {}
-            } application(nullptr);
+            PlainApplication application(&Initializer);
+            EXPECT_EQ(MemoryManager::getInstance(), nullptr);
             application.execute();
         },
         "Application : InstallEventTimer failed.");
