@@ -1,6 +1,7 @@
 #include "application/application.h"
 
 #include "application/systemmanager.h"
+#include "foundation/allocator.h"
 #include "foundation/memorymanager.h"
 #include "tests/support/headlessapplication.h"
 
