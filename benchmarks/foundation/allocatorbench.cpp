@@ -16,7 +16,7 @@ constexpr unsigned int BumpNum = 50000;
 
 int bumpSize(unsigned int index)
 {
-    return 16 + static_cast<int>(index % 5) * 8;
+    return 16 + static_cast<int>(index % 4) * 8;
 }
 
 template <typename Allocate>
