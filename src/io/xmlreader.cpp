@@ -152,7 +152,7 @@ ObjectBase* XmlReader::makeObject(const char* tagName) const
         DEV_TRACE("%s typeinfo not found.\n", tagName);
         return nullptr;
     }
-    const TypeInfo* type = TypeInfo::find(name->value);
+    const TypeInfo* type = TypeInfo::findForeign(name->value);
     if (!type)
         DEV_TRACE("%s undefined typeinfo \"%s\".\n", tagName, name->value);
     return type ? type->newInstance() : nullptr;

@@ -151,10 +151,7 @@ ResourceSystem::~ResourceSystem()
     while (sLoadData* data = pop())
         releaseLoadData(data);
     for (ResourceBase* resource : mRegistry)
-    {
-        const char* path = resource->getPath().c_str();
-        DEV_TRACE("Resource leak.(%s)\n", path ? path : "");
-    }
+        DEV_TRACE("Resource leak.(%s)\n", resource->getPath().c_str());
     DEV_TRACE("ResourceSystem : end.\n");
 }
 

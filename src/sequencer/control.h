@@ -60,7 +60,7 @@ union uNumeric
     T get() const
     {
         T value;
-        std::memcpy(&value, this, sizeof(T));
+        std::memcpy(static_cast<void*>(&value), this, sizeof(T));
         return value;
     }
 

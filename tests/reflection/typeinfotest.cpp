@@ -1,0 +1,102 @@
+#include "reflection/typeinfo.h"
+
+#include "reflection/objectbase.h"
+#include "reflection/objectlist.h"
+#include "reflection/reflect.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+class TestPlain : public ObjectBase
+{
+    REFLECTED(TestPlain)
+};
+
+class TestAbstract : public ObjectBase
+{
+    REFLECTED(TestAbstract)
+};
+
+REFLECT(TestPlain, eTypeAttribute::None, "ObjectBase");
+REFLECT(TestAbstract, eTypeAttribute::Abstract, "TestPlain");
+
+namespace
+{
+// Registered in the order that they stand in, which is not that of the tree.
+TypeInfo sFirst("TestFirst", "TestParent", 0);
+TypeInfo sSecond("TestSecond", "TestParent", 1);
+const bool sFirstHadBase = sFirst.getBase() || sFirst.isDerivedFrom("TestParent");
+TypeInfo sParent("TestParent", "ObjectBase", 2);
+TypeInfo sThird("TestThird", "TestParent", 0);
+TypeInfo sOrphan("TestOrphan", "TestNobody", 0);
+
+// Another name of the same id.
+TypeInfo sTwin("Testhvyfhkfm", nullptr, 0);
+constexpr const char* TwinName = "Testmjrvhliz";
+}
+
+TEST(TypeInfo, LinksRecordsWhateverTheirOrderIs)
+{
+    EXPECT_FALSE(sFirstHadBase) << "before the parent is there";
+    for (const TypeInfo* child : {&sFirst, &sSecond, &sThird})
+    {
+        EXPECT_EQ(child->getBase(), &sParent);
+        EXPECT_TRUE(child->isDerivedFrom("TestParent") && child->isDerivedFrom(ObjectBase::mUniqueTypeInfo));
+        EXPECT_TRUE(child->isDerivedFrom(child->getID()));
+    }
+    EXPECT_FALSE(sParent.isDerivedFrom(sFirst));
+    EXPECT_FALSE(sFirst.isDerivedFrom(static_cast<const TypeInfo*>(nullptr)));
+    EXPECT_FALSE(sFirst.isDerivedFrom("TestNobody")) << "unknown";
+
+    EXPECT_EQ(sParent.getOffshoot(), &sThird) << "newest first";
+    EXPECT_EQ(sThird.getLoop(), &sSecond);
+    EXPECT_EQ(sSecond.getLoop(), &sFirst);
+    EXPECT_EQ(sFirst.getLoop(), nullptr);
+    EXPECT_EQ(sOrphan.getBase(), nullptr) << "a parent that never comes is no error";
+}
+
+TEST(TypeInfo, FindsRecordsByIdAndByName)
+{
+    unsigned int found = 0;
+    for (unsigned int i = 0; i < TypeInfo::getDataBaseSize(); ++i)
+    {
+        const TypeInfo* record = TypeInfo::getTypeInfo(i);
+        EXPECT_EQ(TypeInfo::find(record->getID()), record) << record->getName();
+        EXPECT_EQ(TypeInfo::find(record->getName()), record);
+        EXPECT_EQ(TypeInfo::findForeign(record->getName()), record);
+        found += record == &sSecond || record == ObjectList::getStaticTypeInfo();
+    }
+    EXPECT_EQ(found, 2u);
+    EXPECT_EQ(TypeInfo::find("TestNobody"), nullptr);
+    EXPECT_EQ(TypeInfo::findForeign(TwinName), nullptr);
+    EXPECT_EQ(TypeInfo::find("ObjectBase")->getID(), 122944168u);
+}
+
+TEST(TypeInfo, MakesInstancesOfConcreteClassesOnly)
+{
+    const std::unique_ptr<ObjectBase> object(TypeInfo::find("TestPlain")->newInstance());
+    ASSERT_TRUE(object);
+    EXPECT_EQ(object->getTypeInfo(), TestPlain::getStaticTypeInfo());
+    EXPECT_EQ(object->cast<TestPlain>(), object.get());
+    EXPECT_EQ(object->cast<TestAbstract>(), nullptr);
+
+    EXPECT_EQ(TypeInfo::find("TestAbstract")->newInstance(), nullptr);
+    EXPECT_EQ(ObjectBase::mUniqueTypeInfo.newInstance(), nullptr);
+    EXPECT_EQ(sSecond.getAttribute(), 1u);
+    EXPECT_TRUE(TestAbstract::getStaticTypeInfo()->isDerivedFrom("TestPlain"))
+        << "the named parent decides, not the base of the class";
+}
+
+TEST(TypeInfoDeathTest, StopsOnCollisionsAndWithoutItsDatabase)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH(TypeInfo("TestFirst", nullptr, 0), "TypeInfo collision detected.");
+    EXPECT_DEATH(TypeInfo::find(TwinName), "TypeInfo Collision detected.");
+    EXPECT_DEATH(
+        {
+            TypeInfo("TestLast", nullptr, 0);
+            TypeInfo::find("TestFirst");
+        },
+        "Database is not constructed.");
+}
