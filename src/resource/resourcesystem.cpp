@@ -151,7 +151,10 @@ ResourceSystem::~ResourceSystem()
     while (sLoadData* data = pop())
         releaseLoadData(data);
     for (ResourceBase* resource : mRegistry)
-        DEV_TRACE("Resource leak.(%s)\n", resource->getPath().c_str());
+    {
+        const char* path = resource->getPath().c_str();
+        DEV_TRACE("Resource leak.(%s)\n", path ? path : "");
+    }
     DEV_TRACE("ResourceSystem : end.\n");
 }
 
