@@ -17,6 +17,9 @@ namespace
 {
 constexpr unsigned int TextureNodeNum = 256;
 
+// What is replayed ahead of the first sort.
+constinit sCommand emptyFrame = {eCommand::End, sCommand::EndKey};
+
 sCommand** allocateEntries(unsigned int count)
 {
     return static_cast<sCommand**>(System::allocate(count * static_cast<unsigned int>(sizeof(sCommand*))));
@@ -148,6 +151,7 @@ void RenderSystem::init()
     mWindowRect = ::getWindowRect();
     mpEntry = allocateEntries(EntryNum);
     mpSortedCommand = allocateEntries(EntryNum);
+    mpSortedCommand[0] = &emptyFrame;
     for (DrawContext*& context : mpContext)
         context = new DrawContext(*this);
     DEV_TRACE("RenderSystem : initializing end.\n");

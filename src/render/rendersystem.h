@@ -56,6 +56,7 @@ public:
 
     unsigned int getBuildFrame() const { return mBuildFrame; }
     unsigned int getDrawCommandNum() const { return mDrawCommandNum; }
+    unsigned int getTextureNum() const { return mTexture.size(); }
     const sRect& getWindowRect() const { return mWindowRect; }
 
     // Shows the previous frame, replays this one, and deletes the textures that have ended.

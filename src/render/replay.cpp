@@ -28,7 +28,6 @@ Replay::Replay(RenderDevice& device, const sRect& window, const void* memory)
       mViewport(window),
       mScissor(window),
       mProjection(window),
-      mFiltering(static_cast<eTextureFiltering>(Unset)),
       mCombineMode(static_cast<eTextureCombineMode>(Unset))
 {
 }
@@ -86,9 +85,9 @@ void Replay::applyTexture(const sDrawCommand& command)
     if (!mpTexture)
         return;
 
-    // On purpose: the filtering belongs to the texture that is bound when it changes; one bound later keeps its own.
-    applyChange(mFiltering, command.state.getFiltering(),
-                [this](eTextureFiltering filtering) { mDevice.setTextureFiltering(filtering); });
+    // The library keeps the filtering with the texture, beyond the frame.
+    if (mpTexture->changeFiltering(command.state.getFiltering()))
+        mDevice.setTextureFiltering(command.state.getFiltering());
     applyChange(mCombineMode, command.state.getCombineMode(),
                 [this](eTextureCombineMode mode) { mDevice.setTextureCombineMode(mode); });
 }

@@ -36,6 +36,5 @@ private:
     Texture* mpTarget = nullptr;
     Texture* mpTexture = nullptr;
     eBlendMode mBlendMode = eBlendMode::Opaque;
-    eTextureFiltering mFiltering;
     eTextureCombineMode mCombineMode;
 };

@@ -43,6 +43,15 @@ void Texture::bind(RenderDevice& device)
     mDirty = false;
 }
 
+bool Texture::changeFiltering(eTextureFiltering filtering)
+{
+    if (mFiltered && mFiltering == filtering)
+        return false;
+    mFiltered = true;
+    mFiltering = filtering;
+    return true;
+}
+
 void Texture::realize(RenderDevice& device)
 {
     if (!mPending)

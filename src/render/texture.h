@@ -37,6 +37,9 @@ public:
     // Main thread only, like all that follows. Makes this the texture of the next draws.
     void bind(RenderDevice& device);
 
+    // Notes how the texture is filtered from now on. False if it is so already.
+    bool changeFiltering(eTextureFiltering filtering);
+
     // Makes the library's objects of a texture that came from another thread; does nothing for all others.
     void realize(RenderDevice& device);
 
@@ -55,6 +58,8 @@ private:
     bool mRenderTarget = false;
     bool mDirty = false;
     bool mPending = false;
+    bool mFiltered = false;
+    eTextureFiltering mFiltering = eTextureFiltering::Nearest;
     sTextureHandle mHandle;
     unsigned char* mpPixels = nullptr;
 };

@@ -1,0 +1,177 @@
+#include "render/drawcontext.h"
+
+#include "render/texture.h"
+#include "tests/support/renderfixture.h"
+
+namespace
+{
+class DrawContextTest : public RenderFixture
+{
+protected:
+    void SetUp() override
+    {
+        RenderFixture::SetUp();
+        mContext = mSystem->popContext();
+    }
+
+    void addQuad() { RenderFixture::addQuad(mContext, sRect(0, 0, 8, 8), sColor::White); }
+
+    // The commands that the context has made so far.
+    std::vector<const sCommand*> recorded()
+    {
+        mSystem->pushContext(mContext);
+        return sorted();
+    }
+
+    DrawContext* mContext = nullptr;
+};
+}
+
+TEST_F(DrawContextTest, BatchesVerticesUntilTheStateChanges)
+{
+    addQuad();
+    addQuad();
+    mContext->setBlendMode(eBlendMode::Alpha);
+    addQuad();
+    const auto commands = recorded();
+    ASSERT_EQ(commands.size(), 2u);
+    const auto* first = static_cast<const sDrawCommand*>(commands[0]);
+    EXPECT_EQ(first->state.vertexNum, 8u);
+    EXPECT_EQ(first->state.getBlendMode(), eBlendMode::Opaque) << "the state of the vertices, not the later one";
+    EXPECT_EQ(first->scissor, mSystem->getWindowRect());
+}
+
+TEST_F(DrawContextTest, EverySetterEndsTheBatchEvenIfTheFormerValueComesBack)
+{
+    Texture* texture = new Texture(8, 8, false, nullptr);
+    const sRect small(1, 2, 3, 4);
+    const sRect window = mSystem->getWindowRect();
+    using Change = void (*)(DrawContext & context, Texture * other, const sRect& rect, bool back);
+    constexpr Change changes[] = {
+        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setView(back ? 0 : 1); },
+        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setDrawLevel(0, back ? 0 : 1); },
+        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setBlendMode(eBlendMode(back ? 0 : 1)); },
+        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setVertexDecl(eVertexDecl(back ? 0 : 1)); },
+        [](DrawContext& c, Texture* other, const sRect&, bool back) { c.setTexture(back ? nullptr : other); },
+        [](DrawContext& c, Texture* other, const sRect&, bool back) { c.setRenderTarget(back ? nullptr : other); },
+        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setTextureFiltering(eTextureFiltering(back)); },
+        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setTextureCombineMode(eTextureCombineMode(!back)); },
+        [](DrawContext& c, Texture*, const sRect& rect, bool) { c.setViewport(rect); },
+        [](DrawContext& c, Texture*, const sRect& rect, bool) { c.setScissorRect(rect); },
+        [](DrawContext& c, Texture*, const sRect& rect, bool) { c.setProjectionRect(rect); },
+    };
+    addQuad();
+    for (Change change : changes)
+    {
+        change(*mContext, texture, window, true);
+        addQuad();
+        change(*mContext, texture, small, false);
+        change(*mContext, texture, window, true);
+        addQuad();
+    }
+    EXPECT_EQ(recorded().size(), 1 + std::size(changes)) << "a value that is there already changes nothing";
+    texture->release();
+}
+
+TEST_F(DrawContextTest, MakesTheKeyOfViewLevelAndSubLevel)
+{
+    struct sCase
+    {
+        unsigned int view, level, subLevel, key;
+    };
+    constexpr sCase cases[] = {
+        {0, 0, 0, 0},
+        {5, 0x123, 0x4567, 0x51234567},
+        {6, 0xFFF, 0x1FFFF, 0x6FFFFFFF},
+        {1, 0x1001, 0, 0x20010000},
+        {1, 0x4002, 0, 0x10020000},
+    };
+    for (const sCase& row : cases)
+    {
+        mContext->setView(row.view);
+        mContext->setDrawLevel(row.level, row.subLevel);
+        EXPECT_EQ(mContext->getState().key, row.key);
+    }
+    mContext->setView(4);
+    EXPECT_EQ(mContext->getState().key, 0x40020000u) << "a new view keeps the levels";
+}
+
+TEST_F(DrawContextTest, FormatsVerticesForTheLibrary)
+{
+    const sVector position(sFixed(-1.5f), sFixed(2.25f));
+    struct sCase
+    {
+        ePrimitiveType type;
+        float offset;
+    };
+    for (const sCase& row : {sCase{ePrimitiveType::Points, 0.5f}, sCase{ePrimitiveType::Lines, 0.5f},
+                             sCase{ePrimitiveType::Triangles, 0.0f}, sCase{ePrimitiveType::Quads, 0.0f}})
+    {
+        auto* source = static_cast<sPlainVertex*>(mContext->allocateVertices(row.type, 12));
+        source[11] = {position, sColor(1, 2, 3, 4)};
+        const sDrawCommand& command = static_cast<const sDrawCommand&>(*recorded().back());
+        const auto* vertex = static_cast<const sPlainDeviceVertex*>(command.vertices) + 11;
+        EXPECT_EQ(vertex->x, -1.5f + row.offset);
+        EXPECT_EQ(vertex->y, 2.25f + row.offset);
+        EXPECT_EQ(vertex->z, 0.0f);
+        EXPECT_EQ(vertex->color, sColor(1, 2, 3, 4));
+        mSystem->preprocess();
+        mContext = mSystem->popContext();
+    }
+
+    mContext->setVertexDecl(eVertexDecl::Textured);
+    *static_cast<sTexturedVertex*>(mContext->allocateVertices(ePrimitiveType::Lines, 1)) = {position, sColor::Red, -7,
+                                                                                            300};
+    const sDrawCommand& command = static_cast<const sDrawCommand&>(*recorded().back());
+    const auto* vertex = static_cast<const sTexturedDeviceVertex*>(command.vertices);
+    EXPECT_EQ(vertex->x, -1.5f) << "what has a texture is not moved";
+    EXPECT_EQ(vertex->s, -7);
+    EXPECT_EQ(vertex->t, 300);
+}
+
+TEST_F(DrawContextTest, PlacesVerticesByMultiplesOfTheirStride)
+{
+    const auto* memory = static_cast<const unsigned char*>(mSystem->getCommandMemory());
+    for (unsigned int i = 0; i < 600; ++i)
+    {
+        mContext->setVertexDecl(eVertexDecl(i % 3 != 0));
+        mContext->allocateVertices(ePrimitiveType::Triangles, 1 + i);
+    }
+    unsigned int vertexNum = 0;
+    for (const sCommand* command : recorded())
+    {
+        const auto* draw = static_cast<const sDrawCommand*>(command);
+        const auto offset = static_cast<const unsigned char*>(draw->vertices) - memory;
+        EXPECT_EQ(offset % getDeviceStride(draw->state.getVertexDecl()), 0);
+        vertexNum += draw->state.vertexNum;
+    }
+    EXPECT_EQ(vertexNum, 600u * 601 / 2);
+}
+
+TEST_F(DrawContextTest, AFullVertexHeapEndsTheBatch)
+{
+    mContext->allocateVertices(ePrimitiveType::Points, 1365);
+    mContext->allocateVertices(ePrimitiveType::Points, 1);
+    EXPECT_EQ(recorded().size(), 2u);
+}
+
+TEST_F(DrawContextTest, AClearOvertakesEarlierDrawsOfItsKey)
+{
+    addQuad();
+    mContext->setDrawLevel(1, 0);
+    addQuad();
+    mContext->clear(sRect(0, 0, 4, 4), sColor::Blue);
+    const auto commands = recorded();
+    ASSERT_EQ(commands.size(), 3u);
+    EXPECT_EQ(commands[0]->kind, eCommand::Draw);
+    EXPECT_EQ(commands[1]->kind, eCommand::Clear);
+    EXPECT_EQ(static_cast<const sClearCommand*>(commands[1])->color, sColor::Blue);
+    EXPECT_EQ(commands[2]->key, commands[1]->key);
+}
+
+TEST_F(DrawContextTest, StopsOnWhatItCannotRecord)
+{
+    EXPECT_DEATH(mContext->setView(7), "Invalid view.");
+    EXPECT_DEATH(mContext->allocateVertices(ePrimitiveType::Quads, 0), "Undefined vertex declaration.");
+    EXPECT_DEATH(mContext->allocateVertices(ePrimitiveType::Points, 1366), "do not have enough memory");
+}

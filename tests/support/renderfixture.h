@@ -1,0 +1,81 @@
+#pragma once
+
+#include "foundation/jobsystem.h"
+#include "platform/platform.h"
+#include "render/drawcontext.h"
+#include "render/rendersystem.h"
+#include "render/vertex.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+// A render system with a window to draw into, on whichever back end, and frames that a test records step by step.
+class RenderFixture : public testing::Test
+{
+protected:
+    static constexpr unsigned int WindowWidth = 1024;
+    static constexpr unsigned int WindowHeight = 768;
+
+    explicit RenderFixture(ePlatform kind = ePlatform::Headless, unsigned int threadNum = 1)
+        : mKind(kind), mThreadNum(threadNum)
+    {
+    }
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(Platform::create(mKind));
+        ASSERT_TRUE(Platform::getInstance()->openWindow("render", WindowWidth, WindowHeight));
+        JobSystem::create(0x10000, mThreadNum);
+        mSystem = RenderSystem::create();
+        mSystem->preprocess();
+    }
+
+    void TearDown() override
+    {
+        if (mSystem)
+            mSystem->destroy();
+        if (JobSystem::getInstance())
+            JobSystem::getInstance()->destroy();
+        Platform::destroy();
+    }
+
+    // Sorts what has been recorded since preprocess(), without the end command.
+    std::vector<const sCommand*> sorted()
+    {
+        mSystem->postprocess();
+        std::vector<const sCommand*> commands;
+        for (const sCommand* const* place = mSystem->getSortedCommand(); (*place)->kind != eCommand::End; ++place)
+            commands.push_back(*place);
+        return commands;
+    }
+
+    // The one draw command of the frame.
+    const sDrawCommand& onlyDraw()
+    {
+        const std::vector<const sCommand*> commands = sorted();
+        EXPECT_EQ(commands.size(), 1u);
+        return static_cast<const sDrawCommand&>(*commands.at(0));
+    }
+
+    // Ends the frame as the program does and begins the next one.
+    void show()
+    {
+        mSystem->postprocess();
+        mSystem->executeCommand();
+        mSystem->preprocess();
+    }
+
+    static void addQuad(DrawContext* context, const sRect& rect, sColor color)
+    {
+        const sPoint corners[] = {
+            {rect.left, rect.top}, {rect.right, rect.top}, {rect.left, rect.bottom}, {rect.right, rect.bottom}};
+        auto* vertex = static_cast<sPlainVertex*>(context->allocateVertices(ePrimitiveType::Quads, 4));
+        for (const sPoint& corner : corners)
+            *vertex++ = {{corner.x, corner.y}, color};
+    }
+
+    ePlatform mKind;
+    unsigned int mThreadNum;
+    RenderSystem* mSystem = nullptr;
+};

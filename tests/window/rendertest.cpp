@@ -1,0 +1,271 @@
+#include "render/texture.h"
+#include "tests/support/display.h"
+#include "tests/support/renderfixture.h"
+
+#include <cstdlib>
+#include <string>
+#include <thread>
+
+namespace
+{
+testing::Environment* const display = testing::AddGlobalTestEnvironment(new Display);
+
+constexpr sColor Background(77, 77, 77, 0);
+
+// What a driver may round differently.
+bool isNear(sColor found, sColor wanted)
+{
+    for (int i = 0; i < 3; ++i)
+    {
+        if (std::abs(found[i] - wanted[i]) > 1)
+            return false;
+    }
+    return true;
+}
+
+std::string text(sColor color)
+{
+    std::string all;
+    for (int i = 0; i < 4; ++i)
+        all += std::to_string(color[i]) + ' ';
+    return all;
+}
+
+// Pictures of a real graphics library, read back behind the replay.
+class RenderTest : public RenderFixture
+{
+protected:
+    RenderTest() : RenderFixture(ePlatform::SDL) {}
+
+    void SetUp() override
+    {
+        RenderFixture::SetUp();
+        mContext = mSystem->popContext();
+    }
+
+    // Ends the frame, keeps its picture and begins the next one.
+    void show()
+    {
+        mSystem->pushContext(mContext);
+        RenderFixture::show();
+        mPicture.resize(WindowWidth * WindowHeight);
+        mSystem->readPixels(sRect(WindowWidth, WindowHeight), mPicture.data());
+        mContext = mSystem->popContext();
+    }
+
+    sColor pixel(int x, int y) const { return mPicture[static_cast<unsigned int>(y) * WindowWidth + x]; }
+
+    // All of `rect` has that colour, and the ring around it has another.
+    void expectFilled(const sRect& rect, sColor wanted) const
+    {
+        for (int y = rect.top - 1; y <= rect.bottom; ++y)
+        {
+            for (int x = rect.left - 1; x <= rect.right; ++x)
+            {
+                const bool inside = x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
+                ASSERT_EQ(isNear(pixel(x, y), wanted), inside) << x << ", " << y << ": " << text(pixel(x, y));
+            }
+        }
+    }
+
+    void addQuad(const sRect& rect, sColor color) { RenderFixture::addQuad(mContext, rect, color); }
+
+    void addTexturedQuad(Texture* texture, const sRect& rect, int width, int height)
+    {
+        mContext->setVertexDecl(eVertexDecl::Textured);
+        mContext->setTexture(texture);
+        mContext->setTextureFiltering(eTextureFiltering::Nearest);
+        auto* vertex = static_cast<sTexturedVertex*>(mContext->allocateVertices(ePrimitiveType::Quads, 4));
+        for (int corner = 0; corner < 4; ++corner)
+        {
+            const int right = corner % 2;
+            const int lower = corner / 2;
+            *vertex++ = {{right ? rect.right : rect.left, lower ? rect.bottom : rect.top},
+                         sColor::White,
+                         static_cast<short>(right * width),
+                         static_cast<short>(lower * height)};
+        }
+        mContext->setVertexDecl(eVertexDecl::Plain);
+    }
+
+    // Each texel of a picture of 2 by 2, drawn 8 by 8 pixels large.
+    void expectTexels(int left, int top, const sColor (&texels)[4]) const
+    {
+        for (int i = 0; i < 4; ++i)
+        {
+            const int x = left + i % 2 * 8;
+            const int y = top + i / 2 * 8;
+            for (int corner = 0; corner < 4; ++corner)
+            {
+                const sColor found = pixel(x + corner % 2 * 7, y + corner / 2 * 7);
+                EXPECT_TRUE(isNear(found, texels[i])) << "texel " << i << ": " << text(found);
+            }
+        }
+    }
+
+    static constexpr sColor Texels[4] = {sColor::Red, sColor::Green, sColor::Blue, sColor::Yellow};
+
+    DrawContext* mContext = nullptr;
+    std::vector<sColor> mPicture;
+};
+}
+
+TEST_F(RenderTest, ClearsAtTheirPlaceAndInTheirScissor)
+{
+    mContext->clear(sRect(10, 20, 30, 50), sColor::Red);
+    mContext->setScissorRect(sRect(100, 100, 200, 200));
+    addQuad(sRect(0, 0, 1, 1), sColor::White);
+    show();
+    EXPECT_TRUE(isNear(pixel(0, 0), Background));
+    expectFilled(sRect(10, 20, 30, 50), sColor::Red);
+
+    mContext->setScissorRect(sRect(0, 0, 100, 100));
+    addQuad(sRect(0, 0, 100, 100), sColor::White);
+    mContext->setDrawLevel(1, 0);
+    mContext->clear(sRect(0, 668, 100, 768), sColor::Blue);
+    mContext->setDrawLevel(2, 0);
+    mContext->clear(sRect(90, 80, 120, 120), sColor::Green);
+    show();
+    EXPECT_TRUE(isNear(pixel(50, 700), Background));
+    EXPECT_TRUE(isNear(pixel(50, 50), sColor::Blue)) << "a box with the rectangle's numbers is cleared in its place";
+    expectFilled(sRect(90, 80, 100, 100), sColor::Green);
+}
+
+TEST_F(RenderTest, FillsExactlyThePixelsOfItsPrimitives)
+{
+    addQuad(sRect(10, 10, 20, 30), sColor::Red);
+    auto* line = static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Lines, 2));
+    line[0] = {{40, 10}, sColor::Green};
+    line[1] = {{60, 10}, sColor::Green};
+    auto* point = static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Points, 1));
+    *point = {{80, 10}, sColor::Blue};
+    auto* triangle = static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Triangles, 3));
+    triangle[0] = {{100, 10}, sColor::White};
+    triangle[1] = {{120, 10}, sColor::White};
+    triangle[2] = {{100, 30}, sColor::White};
+    show();
+    expectFilled(sRect(10, 10, 20, 30), sColor::Red);
+    expectFilled(sRect(40, 10, 60, 11), sColor::Green);
+    expectFilled(sRect(80, 10, 81, 11), sColor::Blue);
+    EXPECT_TRUE(isNear(pixel(102, 12), sColor::White));
+    EXPECT_TRUE(isNear(pixel(118, 28), Background));
+}
+
+TEST_F(RenderTest, CutsAtScissorAndViewportAndMovesByTheProjection)
+{
+    mContext->setScissorRect(sRect(5, 6, 15, 16));
+    addQuad(sRect(0, 0, 100, 100), sColor::Red);
+    mContext->setScissorRect(mSystem->getWindowRect());
+    mContext->setViewport(sRect(200, 100, 300, 150));
+    mContext->setProjectionRect(sRect(1000, 1000, 1100, 1050));
+    addQuad(sRect(990, 1010, 1200, 1020), sColor::Blue);
+    show();
+    expectFilled(sRect(5, 6, 15, 16), sColor::Red);
+    expectFilled(sRect(200, 110, 300, 120), sColor::Blue);
+}
+
+TEST_F(RenderTest, MixesByTheBlendMode)
+{
+    struct sCase
+    {
+        eBlendMode mode;
+        sColor wanted;
+    };
+    constexpr sCase cases[] = {
+        {eBlendMode::Opaque, {200, 100, 0, 128}}, {eBlendMode::Alpha, {150, 100, 100, 0}},
+        {eBlendMode::Opaque, {200, 100, 0, 128}}, {eBlendMode::Scaled, {100, 50, 0, 0}},
+        {eBlendMode::Subtract, {0, 0, 100, 0}},   {eBlendMode::Alpha, {150, 100, 100, 0}},
+    };
+    int left = 10;
+    for (const sCase& row : cases)
+    {
+        mContext->setBlendMode(eBlendMode::Opaque);
+        addQuad(sRect(left, 10, left + 8, 18), sColor(100, 100, 200, 255));
+        mContext->setBlendMode(row.mode);
+        addQuad(sRect(left, 10, left + 8, 18), sColor(200, 100, 0, 128));
+        left += 20;
+    }
+    show();
+    left = 10;
+    for (const sCase& row : cases)
+    {
+        expectFilled(sRect(left, 10, left + 8, 18), row.wanted);
+        left += 20;
+    }
+}
+
+TEST_F(RenderTest, DrawsTexturesFromAnyThreadUprightAndTinted)
+{
+    Texture* own = new Texture(2, 2, false, Texels);
+    Texture* foreign = nullptr;
+    std::thread(
+        [&]
+        {
+            const std::vector<sColor> pixels(std::begin(Texels), std::end(Texels));
+            foreign = new Texture(2, 2, false, pixels.data());
+        })
+        .join();
+    addTexturedQuad(own, sRect(10, 10, 26, 26), 2, 2);
+    addTexturedQuad(foreign, sRect(40, 10, 56, 26), 2, 2);
+    addQuad(sRect(70, 10, 86, 26), sColor::White);
+    show();
+    expectTexels(10, 10, Texels);
+    EXPECT_TRUE(isNear(pixel(40, 10), Texels[0]));
+    EXPECT_TRUE(isNear(pixel(55, 25), Texels[3]));
+    expectFilled(sRect(70, 10, 86, 26), sColor::White);
+
+    mContext->setTextureCombineMode(eTextureCombineMode::Add);
+    addTexturedQuad(own, sRect(10, 10, 26, 26), 2, 2);
+    show();
+    EXPECT_TRUE(isNear(pixel(12, 12), sColor::White)) << "red and white";
+    own->release();
+    foreign->release();
+}
+
+TEST_F(RenderTest, WhatIsDrawnIntoATargetStandsUprightAsATexture)
+{
+    Texture* target = new Texture(64, 32, true, nullptr);
+    EXPECT_NE(target->getRenderTargetContext(), 0u);
+    mContext->setRenderTarget(target);
+    mContext->clear(sRect(0, 0, 64, 32), sColor::Black);
+    mContext->setDrawLevel(1, 0);
+    mContext->setViewport(sRect(0, 0, 64, 32));
+    mContext->setScissorRect(sRect(0, 0, 64, 32));
+    mContext->setProjectionRect(sRect(0, 0, 64, 32));
+    for (int i = 0; i < 4; ++i)
+        addQuad(sRect(i % 2 * 8, i / 2 * 8, i % 2 * 8 + 8, i / 2 * 8 + 8), Texels[i]);
+
+    mContext->setRenderTarget(nullptr);
+    mContext->setDrawLevel(2, 0);
+    mContext->setViewport(mSystem->getWindowRect());
+    mContext->setScissorRect(mSystem->getWindowRect());
+    mContext->setProjectionRect(mSystem->getWindowRect());
+    mContext->clear(sRect(0, 0, 1, 1), Background);
+    addTexturedQuad(target, sRect(100, 200, 164, 232), 64, 32);
+    Texture* plain = new Texture(2, 2, false, Texels);
+    addTexturedQuad(plain, sRect(300, 200, 316, 216), 2, 2);
+    show();
+    expectTexels(100, 200, Texels);
+    EXPECT_TRUE(isNear(pixel(163, 231), sColor::Black));
+    expectTexels(300, 200, Texels);
+    EXPECT_FALSE(target->isDirty());
+    target->release();
+    plain->release();
+}
+
+TEST_F(RenderTest, AManyBatchedPictureIsThatOfEachQuadAlone)
+{
+    for (int i = 0; i < 2000; ++i)
+    {
+        mContext->setDrawLevel(static_cast<unsigned int>(i * 7 % 48), 0);
+        addQuad(sRect(i % 50 * 20, i / 50 * 18, i % 50 * 20 + 10, i / 50 * 18 + 9),
+                sColor(static_cast<unsigned char>(i), 200, static_cast<unsigned char>(i >> 3), 255));
+    }
+    show();
+    EXPECT_EQ(mSystem->getDrawCommandNum(), 2000u);
+    for (int i = 0; i < 2000; i += 37)
+    {
+        const sColor found = pixel(i % 50 * 20 + 5, i / 50 * 18 + 4);
+        EXPECT_TRUE(isNear(found, sColor(static_cast<unsigned char>(i), 200, static_cast<unsigned char>(i >> 3), 255)));
+    }
+}
