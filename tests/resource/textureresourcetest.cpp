@@ -1,0 +1,279 @@
+#include "resource/textureresource.h"
+
+#include "io/stream.h"
+#include "render/texture.h"
+#include "resource/resourcesystem.h"
+#include "resource/textureresourcebmp.h"
+#include "resource/textureresourcetga.h"
+#include "tests/support/headlesssystems.h"
+#include "tests/support/images.h"
+#include "tests/support/tracecapture.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace
+{
+struct sRelease
+{
+    void operator()(ResourceBase* resource) const { resource->release(); }
+};
+
+template <typename T>
+using Held = std::unique_ptr<T, sRelease>;
+}
+
+class TextureResourceTest : public testing::Test
+{
+protected:
+    // Loads a picture file outside the registry.
+    template <typename T>
+    Held<T> load(const Bytes& file, bool& loaded)
+    {
+        mSystems.write("intermediate/picture", file);
+        Held<T> resource(new T);
+        BinaryFileStream stream(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
+        loaded = resource->load(stream);
+        return resource;
+    }
+
+    template <typename T>
+    bool loads(const Bytes& file)
+    {
+        bool loaded = false;
+        const Held<T> resource = load<T>(file, loaded);
+        EXPECT_EQ(resource->getTexture() != nullptr, loaded);
+        return loaded;
+    }
+
+    // The native file that a source file is converted into.
+    template <typename T>
+    Bytes convert(const Bytes& file)
+    {
+        bool loaded = false;
+        const Held<T> resource = load<T>(file, loaded);
+        EXPECT_TRUE(loaded);
+        {
+            BinaryFileStream stream(mSystems.getFile("native/picture").c_str(), FileStream::Write);
+            EXPECT_TRUE(resource->convert(stream));
+        }
+        return mSystems.read("native/picture");
+    }
+
+    HeadlessSystems mSystems;
+};
+
+TEST_F(TextureResourceTest, TurnsEachOriginOfATgaIntoRowsFromTheTop)
+{
+    const Bytes a = {1, 2, 3, 4}, b = {5, 6, 7, 8}, c = {9, 10, 11, 12}, d = {13, 14, 15, 16};
+    const auto join = [](const std::vector<Bytes>& parts)
+    {
+        Bytes all;
+        for (const Bytes& part : parts)
+            all.insert(all.end(), part.begin(), part.end());
+        return all;
+    };
+    const Bytes abcd = join({a, b, c, d});
+    const struct
+    {
+        unsigned int descriptor;
+        Bytes pixels;
+    } rows[] = {
+        {0x28, abcd},
+        {0x08, join({c, d, a, b})},
+        {0x30, join({b, a, d, c})},
+        {0x10, join({d, c, b, a})},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(convert<TextureResourceTGA>(makeFile(sTga{2, 2, abcd, row.descriptor})),
+                  makeFile(sTex{2, 2, row.pixels}))
+            << "descriptor " << row.descriptor;
+}
+
+TEST_F(TextureResourceTest, ConvertsEachDepthOfABitmapInItsOwnWay)
+{
+    const Bytes palette = {10, 20, 30, 40, 50, 60, 70, 80};
+    Bytes wide(8 * 1, 0);
+    wide[4] = 0x80;
+    Bytes wideRow;
+    for (unsigned int x = 0; x < 33; ++x)
+        for (const unsigned char byte : x < 32 ? Bytes{10, 20, 30, 255} : Bytes{50, 60, 70, 255})
+            wideRow.push_back(byte);
+    const struct
+    {
+        const char* what;
+        sBmp bitmap;
+        Bytes pixels;
+    } rows[] = {
+        {"1 bit: 33 columns take 8 bytes, alpha is forced", {33, -1, 1, palette, wide}, wideRow},
+        {"4 bits: the high half first, the entry as it stands",
+         {2, -1, 4, palette, {0x10, 0, 0, 0}},
+         {50, 60, 70, 80, 10, 20, 30, 40}},
+        {"4 bits: entries that the file does not hold are 0", {1, -1, 4, palette, {0xF0, 0, 0, 0}}, {0, 0, 0, 0}},
+        {"8 bits: the entry as it stands", {1, -1, 8, palette, {1, 0, 0, 0}}, {50, 60, 70, 80}},
+        {"16 bits: red is 0, green 0 or 8", {2, -1, 16, {}, {0xFF, 0xFF, 0x1F, 0}}, {0, 8, 248, 255, 0, 0, 248, 255}},
+        {"24 bits: red and blue change places", {1, -1, 24, {}, {1, 2, 3, 0}}, {3, 2, 1, 255}},
+        {"32 bits: read in steps of three", {2, -1, 32, {}, {1, 2, 3, 4, 5, 6, 7, 8}}, {3, 2, 1, 255, 6, 5, 4, 255}},
+        {"2 bits: nothing is converted", {1, -1, 2, {}, {}}, {0, 0, 0, 0}},
+        {"rows from the bottom", {1, 2, 24, {}, {1, 2, 3, 0, 4, 5, 6, 0}}, {6, 5, 4, 255, 3, 2, 1, 255}},
+        {"rows from the top", {1, -2, 24, {}, {1, 2, 3, 0, 4, 5, 6, 0}}, {3, 2, 1, 255, 6, 5, 4, 255}},
+    };
+    for (const auto& row : rows)
+    {
+        const unsigned int height = static_cast<unsigned int>(std::abs(row.bitmap.height));
+        EXPECT_EQ(convert<TextureResourceBMP>(makeFile(row.bitmap)),
+                  makeFile(sTex{static_cast<unsigned int>(row.bitmap.width), height, row.pixels}))
+            << row.what;
+    }
+}
+
+TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
+{
+    const auto tga = [this](const sTga& picture)
+    {
+        return loads<TextureResourceTGA>(makeFile(picture));
+    };
+    const auto bmp = [this](const sBmp& picture)
+    {
+        return loads<TextureResourceBMP>(makeFile(picture));
+    };
+    const struct
+    {
+        const char* trace;
+        std::function<bool()> load;
+    } rows[] = {
+        {"TextureTGA : No support format.\n",
+         [&]
+         {
+             return tga({.type = 10});
+         }},
+        {"TextureTGA : Only support 32bits.\n",
+         [&]
+         {
+             return tga({.depth = 24});
+         }},
+        {"Size is not within 1 to 1024.\n",
+         [&]
+         {
+             return tga({.width = 0});
+         }},
+        {"Size is not within 1 to 1024.\n",
+         [&]
+         {
+             return tga({.height = 1025, .pixels = Bytes(1025 * 4)});
+         }},
+        {"TextureTGA : Pixels are missing.\n",
+         [&]
+         {
+             return tga({.width = 2});
+         }},
+        {"TextureResourceBMP : No bitmap.\n",
+         [&]
+         {
+             return bmp({.magic = 0x4142});
+         }},
+        {"TextureResourceBMP : Could not read compression bitmap.\n",
+         [&]
+         {
+             return bmp({.compression = 1});
+         }},
+        {"Size is not within 1 to 1024.\n",
+         [&]
+         {
+             return bmp({.width = -1});
+         }},
+        {"Size is not within 1 to 1024.\n",
+         [&]
+         {
+             return bmp({.height = -2147483647 - 1});
+         }},
+        {"TextureResourceBMP : Pixels are missing.\n",
+         [&]
+         {
+             return bmp({.width = 2});
+         }},
+        {"Size is not within 1 to 1024.\n",
+         [&]
+         {
+             return loads<TextureResource>(makeFile(sTex{.height = 0}));
+         }},
+        {"Texture : Pixels are missing.\n",
+         [&]
+         {
+             return loads<TextureResource>(makeFile(sTex{.width = 2}));
+         }},
+    };
+    for (const auto& row : rows)
+    {
+        TraceCapture trace;
+        EXPECT_FALSE(row.load());
+        EXPECT_NE(trace.take().find(row.trace), std::string::npos) << row.trace;
+    }
+}
+
+TEST_F(TextureResourceTest, TakesSizesUpTo1024)
+{
+    EXPECT_TRUE(loads<TextureResource>(makeFile(sTex{1024, 1024, Bytes(1024 * 1024 * 4)})));
+    EXPECT_TRUE(loads<TextureResourceTGA>(makeFile(sTga{1, 1024, Bytes(1024 * 4)})));
+}
+
+TEST_F(TextureResourceTest, IsSilentAboutANativeFileOfAnotherKind)
+{
+    TraceCapture trace;
+    EXPECT_FALSE(loads<TextureResource>(makeFile(sTex{.version = 2})));
+    EXPECT_FALSE(loads<TextureResource>({}));
+    EXPECT_EQ(trace.take(), "");
+}
+
+// Every picture cut at every length, and with every bit turned, is either loaded whole or refused.
+TEST_F(TextureResourceTest, SurvivesCutAndDamagedFiles)
+{
+    const Bytes palette = {10, 20, 30, 40, 50, 60, 70, 80};
+    const auto attack = [](const Bytes& file, const auto& loads)
+    {
+        TraceCapture trace;
+        EXPECT_TRUE(loads(file));
+        for (std::size_t length = 0; length < file.size(); ++length)
+            EXPECT_FALSE(loads(Bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length)))) << length;
+        for (std::size_t bit = 0; bit < file.size() * 8; ++bit)
+        {
+            Bytes damaged = file;
+            damaged[bit / 8] ^= static_cast<unsigned char>(1 << bit % 8);
+            loads(damaged);
+        }
+    };
+    attack(makeFile(sTex{2, 2, Bytes(16)}), [this](const Bytes& file) { return loads<TextureResource>(file); });
+    attack(makeFile(sTga{2, 2, Bytes(16)}), [this](const Bytes& file) { return loads<TextureResourceTGA>(file); });
+    for (const unsigned int bits : {1, 4, 8, 16, 24, 32})
+        attack(makeFile(sBmp{1, 2, bits, palette, Bytes(bits == 16 ? 4 : 8)}),
+               [this](const Bytes& file) { return loads<TextureResourceBMP>(file); });
+}
+
+TEST_F(TextureResourceTest, ConvertsOnlyWhatItHasLoadedAndOnlyIntoBinaryFiles)
+{
+    const Held<TextureResourceTGA> empty(new TextureResourceTGA);
+    BinaryFileStream binary(mSystems.getFile("native/picture").c_str(), FileStream::Write);
+    EXPECT_FALSE(empty->convert(binary));
+
+    bool loaded = false;
+    const Held<TextureResourceTGA> full = load<TextureResourceTGA>(makeFile(sTga{}), loaded);
+    TextFileStream text(mSystems.getFile("native/text").c_str(), FileStream::Write);
+    EXPECT_FALSE(full->convert(text));
+    TextFileStream source(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
+    EXPECT_FALSE(full->load(source));
+}
+
+TEST_F(TextureResourceTest, ReadsAFileAgainInPlaceAndKeepsItsPath)
+{
+    bool loaded = false;
+    const Held<TextureResourceTGA> resource = load<TextureResourceTGA>(makeFile(sTga{}), loaded);
+    ASSERT_TRUE(loaded);
+    EXPECT_STREQ(resource->getPath().c_str(), "intermediate/picture");
+
+    mSystems.write("intermediate/picture", makeFile(sTga{2, 3, Bytes(24)}));
+    BinaryFileStream stream(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
+    EXPECT_TRUE(resource->load(stream));
+    EXPECT_EQ(resource->getWidth(), 2u);
+    EXPECT_EQ(resource->getTexture()->getHeight(), 3u);
+}
