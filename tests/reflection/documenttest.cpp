@@ -260,6 +260,24 @@ TEST(Document, ToleratesWhatDoesNotFit)
     EXPECT_EQ(sample.describe(), "7 1 2");
 }
 
+TEST(Document, PutsTheIndexOfAnArrayBack)
+{
+    int values[2] = {4, 5};
+    ReferenceProperty<int> property("values", values, 2);
+    property.setIndex(1);
+    XmlWriter writer("values");
+    property.serialize(&writer);
+    EXPECT_EQ(property.getIndex(), 1u);
+
+    MemoryTextStream stream;
+    writer.write(&stream);
+    XmlReader reader;
+    ASSERT_TRUE(reader.load(&stream) && reader.openTag("values"));
+    property.deserialize(&reader);
+    EXPECT_EQ(property.getIndex(), 1u);
+    EXPECT_EQ(values[0] * 10 + values[1], 45);
+}
+
 TEST(Document, MissingComponentsStay)
 {
     sRect rect(1, 2, 3, 4);
