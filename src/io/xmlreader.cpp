@@ -88,7 +88,7 @@ const char* XmlReader::findFault(TextStream* stream, unsigned int& place)
 {
     place = 0;
     const unsigned int size = stream->getRest();
-    const Block text = allocate(std::size_t{size} + 1);
+    const Block text = allocate(std::size_t{size} + 1 + XmlCursor::Padding);
     if (!text)
         return "Not enough memory.";
     text[stream->peek(text.get(), size)] = XmlGrammar::End;
@@ -116,7 +116,7 @@ bool XmlReader::isWellFormed(TextStream* stream)
 void XmlReader::parse(TextStream* stream)
 {
     const unsigned int size = stream->getRest();
-    char* text = static_cast<char*>(mArena.allocate(std::size_t{size} + 1));
+    char* text = static_cast<char*>(mArena.allocate(std::size_t{size} + 1 + XmlCursor::Padding));
     if (!text)
         dev_assert("Not enough memory.", __FILE__, __LINE__);
     text[size ? stream->read(text, size) : 0] = XmlGrammar::End;
