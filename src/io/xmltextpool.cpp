@@ -97,7 +97,7 @@ XmlTextPool::sText* XmlTextPool::add(const char* text, const sText& entry)
     sText* added = new (block) sText(entry);
     added->isWord = XmlGrammar::isAll(text, XmlGrammar::Word);
     added->isValue = XmlGrammar::isAll(text, XmlGrammar::Value);
-    std::memcpy(added + 1, text, entry.length + 1);
+    std::memcpy(static_cast<char*>(block) + sizeof(sText), text, entry.length + 1);
     return added;
 }
 
