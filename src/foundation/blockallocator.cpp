@@ -7,33 +7,14 @@
 namespace
 {
 constexpr unsigned int BlockGranule = 16;
-
-// Holds the lock for the length of a scope; null holds nothing.
-class ScopedSpinLock
-{
-public:
-    explicit ScopedSpinLock(SpinLock* lock) : mpLock(lock)
-    {
-        if (mpLock)
-            mpLock->lock();
-    }
-
-    ~ScopedSpinLock()
-    {
-        if (mpLock)
-            mpLock->unlock();
-    }
-
-private:
-    SpinLock* mpLock;
-};
 }
 
 BlockAllocator::BlockAllocator(unsigned int blockSize, unsigned int blockNum, const char* name, AllocatorBase* parent,
                                bool threadSafe)
     : AllocatorBase(align(blockSize, BlockGranule) * blockNum, name, parent, threadSafe),
       mBlockSize(align(blockSize, BlockGranule)),
-      mBlockNum(blockNum)
+      mBlockNum(blockNum),
+      mReciprocal(UINT64_MAX / mBlockSize + 1)
 {
     mpStack = parent ? static_cast<void**>(parent->allocate(static_cast<int>(blockNum * sizeof(void*)), alignof(void*)))
                      : new void*[blockNum];
@@ -55,31 +36,6 @@ BlockAllocator::~BlockAllocator()
         delete[] mpStack;
 }
 
-void* BlockAllocator::allocate(int size, unsigned int)
-{
-    if (mBlockSize < (size < 0 ? 0u - static_cast<unsigned int>(size) : static_cast<unsigned int>(size)))
-        dev_assert("Requested size is larger than block size.", __FILE__, __LINE__);
-    {
-        ScopedSpinLock lock(getLock());
-        if (mpStackTop != mpStack)
-            return *--mpStackTop;
-    }
-    DEV_TRACE("BlockAllocator : Stack underflow.\n");
-    return nullptr;
-}
-
-void BlockAllocator::deallocate(void* block)
-{
-    if (!block)
-        return;
-    const std::size_t offset = static_cast<std::size_t>(static_cast<char*>(block) - static_cast<char*>(mpHeap));
-    if (offset >= mHeapSize || static_cast<unsigned int>(offset) % mBlockSize != 0)
-        dev_assert("Deallocation block does not exist.", __FILE__, __LINE__);
-
-    ScopedSpinLock lock(getLock());
-    *mpStackTop++ = block;
-}
-
 void BlockAllocator::clear()
 {
     if (getFreeNum() != mBlockNum)
@@ -89,8 +45,10 @@ void BlockAllocator::clear()
 
 unsigned int BlockAllocator::getUsedSize() const
 {
-    ScopedSpinLock lock(getLock());
-    return mBlockSize * (mBlockNum - getFreeNum());
+    enter();
+    const unsigned int freeNum = getFreeNum();
+    leave();
+    return mBlockSize * (mBlockNum - freeNum);
 }
 
 // The last block of the heap ends up on top.
@@ -99,4 +57,20 @@ void BlockAllocator::refill()
     mpStackTop = mpStack;
     for (unsigned int i = 0; i < mBlockNum; ++i)
         *mpStackTop++ = static_cast<char*>(mpHeap) + std::size_t(i) * mBlockSize;
+}
+
+void BlockAllocator::stopOnSize()
+{
+    dev_assert("Requested size is larger than block size.", __FILE__, __LINE__);
+}
+
+void BlockAllocator::stopOnBlock()
+{
+    dev_assert("Deallocation block does not exist.", __FILE__, __LINE__);
+}
+
+void* BlockAllocator::fail()
+{
+    DEV_TRACE("BlockAllocator : Stack underflow.\n");
+    return nullptr;
 }

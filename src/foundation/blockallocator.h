@@ -3,8 +3,11 @@
 #include "foundation/allocator.h"
 #include "foundation/multithread.h"
 
-// Blocks of one size, handed out and taken back by a stack of free ones. A block left over at the end is fatal.
-class BlockAllocator : public AllocatorBase
+#include <cstdint>
+
+// Blocks of one size, handed out and taken back by a stack of free ones. A block left over at the end is fatal. Both
+// stand here in full: they are shorter than a call.
+class BlockAllocator final : public AllocatorBase
 {
 public:
     // The block size is rounded up to 16.
@@ -25,7 +28,14 @@ public:
 
 private:
     void refill();
-    SpinLock* getLock() const { return mThreadSafe ? &mSpinLock : nullptr; }
+    bool isBlock(const void* address) const;
+    void enter() const;
+    void leave() const;
+
+    [[noreturn]] static void stopOnSize();
+    [[noreturn]] static void stopOnBlock();
+    static void* fail();
+
     unsigned int getFreeNum() const { return static_cast<unsigned int>(mpStackTop - mpStack); }
 
     unsigned int mBlockSize;
@@ -33,4 +43,50 @@ private:
     void** mpStack = nullptr;
     void** mpStackTop = nullptr;
     mutable SpinLock mSpinLock;
+
+    // 2 to the 64 over the block size, rounded up.
+    std::uint64_t mReciprocal;
 };
+
+inline void* BlockAllocator::allocate(int size, unsigned int)
+{
+    if (mBlockSize < (size < 0 ? 0u - static_cast<unsigned int>(size) : static_cast<unsigned int>(size))) [[unlikely]]
+        stopOnSize();
+
+    enter();
+    void* block = mpStackTop == mpStack ? nullptr : *--mpStackTop;
+    leave();
+    return block ? block : fail();
+}
+
+inline void BlockAllocator::deallocate(void* block)
+{
+    if (!block)
+        return;
+    if (!isBlock(block)) [[unlikely]]
+        stopOnBlock();
+
+    enter();
+    *mpStackTop++ = block;
+    leave();
+}
+
+// A multiple of the block size is told by its product with the reciprocal, which wraps around to less than that.
+inline bool BlockAllocator::isBlock(const void* address) const
+{
+    const std::uint64_t offset =
+        static_cast<std::uint64_t>(static_cast<const char*>(address) - static_cast<const char*>(mpHeap));
+    return offset < mHeapSize && offset * mReciprocal < mReciprocal;
+}
+
+inline void BlockAllocator::enter() const
+{
+    if (mThreadSafe)
+        mSpinLock.lock();
+}
+
+inline void BlockAllocator::leave() const
+{
+    if (mThreadSafe)
+        mSpinLock.unlock();
+}

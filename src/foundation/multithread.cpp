@@ -16,7 +16,7 @@
 
 namespace
 {
-constexpr unsigned int SpinAttemptNum = 15;
+constexpr unsigned int AttemptNum = 15;
 constexpr unsigned int LongestWait = 0x7ffffffe;
 constexpr std::size_t MinimumStackSize = 0x100000;
 
@@ -47,25 +47,15 @@ unsigned int getLookNum()
 }
 }
 
-void SpinLock::lock()
+void SpinLock::lockPatiently()
 {
-    for (;;)
+    for (unsigned int attempt = 1; !tryLock(); ++attempt)
     {
-        for (unsigned int attempt = 0; attempt < SpinAttemptNum; ++attempt)
-        {
-            if (tryLock())
-                return;
+        if (attempt % AttemptNum == 0)
+            Thread::yield();
+        else
             _mm_pause();
-        }
-        Thread::yield();
     }
-}
-
-bool SpinLock::tryLock()
-{
-    int expected = Free;
-    return mWord.load(std::memory_order_relaxed) == Free &&
-           mWord.compare_exchange_strong(expected, Taken, std::memory_order_acquire);
 }
 
 CriticalSection::CriticalSection()

@@ -46,14 +46,26 @@ public:
     SpinLock(const SpinLock&) = delete;
     SpinLock& operator=(const SpinLock&) = delete;
 
-    void lock();
+    void lock()
+    {
+        if (!tryLock())
+            lockPatiently();
+    }
+
     void unlock() { mWord.store(Free, std::memory_order_release); }
 
 private:
     static constexpr int Free = 0;
     static constexpr int Taken = 4;
 
-    bool tryLock();
+    bool tryLock()
+    {
+        int expected = Free;
+        return mWord.load(std::memory_order_relaxed) == Free &&
+               mWord.compare_exchange_strong(expected, Taken, std::memory_order_acquire);
+    }
+
+    void lockPatiently();
 
     std::atomic<int> mWord = Free;
 };
