@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <memory_resource>
+#include <random>
 #include <vector>
 
 #include <dlfcn.h>
@@ -36,7 +37,7 @@ std::function<double()> makeInstant(bool threadSafe)
         std::make_shared<InstantAllocator>(BumpHeapSize, "Bench", nullptr, threadSafe);
     return [heap]
     {
-        AllocatorBase* allocator = heap.get();
+        InstantAllocator* allocator = heap.get();
         bench::keep(allocator);
         const double seconds = bump([=](int size) { return allocator->allocate(size, 8); });
         allocator->clear();
@@ -50,31 +51,41 @@ std::function<double()> makeMonotonic()
     return [memory]
     {
         std::pmr::monotonic_buffer_resource buffer(memory->data(), memory->size(), std::pmr::null_memory_resource());
-        std::pmr::memory_resource* resource = &buffer;
+        std::pmr::monotonic_buffer_resource* resource = &buffer;
         bench::keep(resource);
         return bump([=](int size) { return resource->allocate(static_cast<std::size_t>(size), 8); });
     };
 }
 
-// Blocks of a fixed size: filled up, freed in another order, refilled.
+// Blocks of a fixed size, as the pool of functors sees them: elements come and go in any order, and each writes what it
+// gets.
 constexpr unsigned int BlockSize = 32;
-constexpr unsigned int BlockNum = 1024;
-constexpr unsigned int PassNum = 50;
+constexpr unsigned int BlockNum = 4096;
+constexpr unsigned int LiveNum = 3000;
+constexpr unsigned int ExchangeNum = 100000;
 
 template <typename Allocate, typename Free>
-double churn(Allocate&& allocate, Free&& release)
+double exchange(Allocate&& allocate, Free&& release)
 {
-    std::vector<void*> blocks(BlockNum);
+    std::mt19937 random(1);
+    std::vector<unsigned int> places(ExchangeNum);
+    for (unsigned int& place : places)
+        place = static_cast<unsigned int>(random() % LiveNum);
+
+    std::vector<void*> blocks(LiveNum);
     return bench::measure(
         [&]
         {
-            for (unsigned int pass = 0; pass < PassNum; ++pass)
+            for (void*& block : blocks)
+                block = allocate(BlockSize);
+            for (unsigned int place : places)
             {
-                for (unsigned int i = 0; i < BlockNum; ++i)
-                    blocks[i] = allocate(BlockSize);
-                for (unsigned int i = 0; i < BlockNum; ++i)
-                    release(blocks[i * 7 % BlockNum]);
+                release(blocks[place]);
+                blocks[place] = allocate(BlockSize);
+                *static_cast<unsigned int*>(blocks[place]) = place;
             }
+            for (void* block : blocks)
+                release(block);
         });
 }
 
@@ -86,8 +97,8 @@ bench::Candidates makeBlocks()
                                   {
                                       AllocatorBase* allocator = heap.get();
                                       bench::keep(allocator);
-                                      return churn([=](int size) { return allocator->allocate(size, 4); },
-                                                   [=](void* block) { allocator->deallocate(block); });
+                                      return exchange([=](int size) { return allocator->allocate(size, 4); },
+                                                      [=](void* block) { allocator->deallocate(block); });
                                   }}};
 
     // Linking the peer would put it in the place of malloc for the whole program.
@@ -99,7 +110,7 @@ bench::Candidates makeBlocks()
         const Free release = reinterpret_cast<Free>(dlsym(library, "mi_free"));
         candidates.push_back({"mimalloc", [=]
                               {
-                                  return churn(allocate, release);
+                                  return exchange(allocate, release);
                               }});
     }
     return candidates;
