@@ -1,6 +1,6 @@
 #pragma once
 
-#include "io/xmlcursor.h"
+#include "io/xmlgrammar.h"
 
 #include <cstring>
 
@@ -9,19 +9,19 @@
 //     bool addAttribute(const char* name, const char* value)   of that tag; the same
 //     void completeTag(bool isOpen)                            it is complete; an open one is the next tag's parent
 //     void closeTag()                                          the end tag of the open one
-// The text must end as XmlCursor asks for. A zero is written behind each word once the scan has passed it, so a name
+// The text must end in XmlGrammar::End. A zero is written behind each word once the scan has passed it, so a name
 // handed to openTag() or addAttribute() is a text of its own only from the next call on.
 template <typename Sink>
 class XmlScanner
 {
 public:
-    XmlScanner(char* text, Sink& sink) : mCursor(text), mSink(sink) {}
+    XmlScanner(char* text, Sink& sink) : mpNext(text), mSink(sink) {}
 
     // Null when the text keeps to the grammar, else the fault.
     const char* scan();
 
     // Where the scan has come to.
-    const char* getPlace() const { return mCursor.getPlace(); }
+    const char* getPlace() const { return mpNext; }
 
 private:
     struct sName
@@ -32,19 +32,33 @@ private:
 
     // The helpers follow the same rule: null, or the fault.
     const char* scanTag();
-    const char* scanAttribute(char* name, char* nameEnd);
+    const char* scanAttribute(char* name);
     const char* scanTagEnd(sName name);
     const char* scanEndTag();
 
-    // Steps to the next of these two characters; false at the end.
+    // Steps to the next of these two characters or to the end.
     bool skipTo(char a, char b)
     {
-        while (*mCursor != a && *mCursor != b && *mCursor != XmlGrammar::End)
-            mCursor.step();
-        return *mCursor != XmlGrammar::End;
+        while (*mpNext != a && *mpNext != b && *mpNext != XmlGrammar::End)
+            ++mpNext;
+        return *mpNext != XmlGrammar::End;
     }
 
-    XmlCursor mCursor;
+    void skip(unsigned char kind)
+    {
+        while (XmlGrammar::is(*mpNext, kind))
+            ++mpNext;
+    }
+
+    bool take(char c)
+    {
+        if (*mpNext != c)
+            return false;
+        ++mpNext;
+        return true;
+    }
+
+    char* mpNext;
     Sink& mSink;
     sName mOpen[XmlGrammar::MaximumDepth];
     unsigned int mDepth = 0;
@@ -53,13 +67,13 @@ private:
 template <typename Sink>
 const char* XmlScanner<Sink>::scan()
 {
-    while (*mCursor.skipToTag() != XmlGrammar::End)
+    while (skipTo('<', '<'))
     {
-        mCursor.step();
+        ++mpNext;
         const char* fault = nullptr;
-        if (*mCursor == '?')
+        if (*mpNext == '?')
             skipTo('>', '>');
-        else if (mCursor.take('/'))
+        else if (take('/'))
             fault = scanEndTag();
         else
             fault = scanTag();
@@ -72,9 +86,10 @@ const char* XmlScanner<Sink>::scan()
 template <typename Sink>
 const char* XmlScanner<Sink>::scanTag()
 {
-    mCursor.skipSpace();
-    char* const name = mCursor.getPlace();
-    char* const nameEnd = mCursor.skipWord();
+    skip(XmlGrammar::Space);
+    char* const name = mpNext;
+    skip(XmlGrammar::Word);
+    char* const nameEnd = mpNext;
     if (name == nameEnd)
         return "Invalid tag.";
     if (!mSink.openTag(name))
@@ -82,12 +97,12 @@ const char* XmlScanner<Sink>::scanTag()
 
     for (;;)
     {
-        mCursor.skipSpace();
-        char* const attribute = mCursor.getPlace();
-        char* const attributeEnd = mCursor.skipWord();
-        if (attribute == attributeEnd)
+        skip(XmlGrammar::Space);
+        char* const attribute = mpNext;
+        skip(XmlGrammar::Word);
+        if (attribute == mpNext)
             break;
-        if (const char* fault = scanAttribute(attribute, attributeEnd))
+        if (const char* fault = scanAttribute(attribute))
             return fault;
     }
     const char* fault = scanTagEnd({name, static_cast<std::size_t>(nameEnd - name)});
@@ -95,25 +110,28 @@ const char* XmlScanner<Sink>::scanTag()
     return fault;
 }
 
+// The name has just been passed.
 template <typename Sink>
-const char* XmlScanner<Sink>::scanAttribute(char* name, char* nameEnd)
+const char* XmlScanner<Sink>::scanAttribute(char* name)
 {
-    mCursor.skipSpace();
-    if (!mCursor.take('='))
+    char* const nameEnd = mpNext;
+    skip(XmlGrammar::Space);
+    if (!take('='))
         return "Invalid attribute format.";
-    mCursor.skipSpace();
-    if (!mCursor.take('"'))
+    skip(XmlGrammar::Space);
+    if (!take('"'))
         return "Invalid attribute format.";
 
-    mCursor.skipSpace();
-    char* const value = mCursor.getPlace();
-    char* const valueEnd = mCursor.skipValue();
+    skip(XmlGrammar::Space);
+    char* const value = mpNext;
+    skip(XmlGrammar::Value);
+    char* const valueEnd = mpNext;
     if (value == valueEnd)
         return "Invalid attribute value.";
     // On purpose: one blank may stand before the closing quote.
-    if (XmlGrammar::is(*mCursor, XmlGrammar::Blank))
-        mCursor.step();
-    if (!mCursor.take('"'))
+    if (XmlGrammar::is(*mpNext, XmlGrammar::Blank))
+        ++mpNext;
+    if (!take('"'))
         return "Invalid attribute format.";
 
     *nameEnd = 0;
@@ -126,8 +144,8 @@ const char* XmlScanner<Sink>::scanTagEnd(sName name)
 {
     if (!skipTo('/', '>'))
         return "Invalid tag.";
-    const bool isOpen = !mCursor.take('/');
-    if (!mCursor.take('>') || mDepth == XmlGrammar::MaximumDepth)
+    const bool isOpen = !take('/');
+    if (!take('>') || mDepth == XmlGrammar::MaximumDepth)
         return "Invalid tag.";
     if (isOpen)
         mOpen[mDepth++] = name;
@@ -139,9 +157,10 @@ const char* XmlScanner<Sink>::scanTagEnd(sName name)
 template <typename Sink>
 const char* XmlScanner<Sink>::scanEndTag()
 {
-    mCursor.skipSpace();
-    const char* name = mCursor.getPlace();
-    const std::size_t length = static_cast<std::size_t>(mCursor.skipWord() - name);
+    skip(XmlGrammar::Space);
+    const char* name = mpNext;
+    skip(XmlGrammar::Word);
+    const std::size_t length = static_cast<std::size_t>(mpNext - name);
     if (length == 0)
         return "Invalid tag.";
     if (mDepth == 0 || mOpen[mDepth - 1].length != length || std::memcmp(mOpen[mDepth - 1].text, name, length) != 0)

@@ -24,31 +24,34 @@ class XmlWriter::Printer
 {
 public:
     explicit Printer(TextStream* stream) : mpStream(stream) {}
-    ~Printer() { write(mBuffer, mUsed); }
+    ~Printer() { flush(); }
 
     void printTree(const sTag* tag);
+
+    void put(const char* text, unsigned int length)
+    {
+        if (length > sizeof(mBuffer) - mUsed)
+            flush();
+        if (length > sizeof(mBuffer))
+        {
+            mpStream->write(text, length);
+            return;
+        }
+        std::memcpy(mBuffer + mUsed, text, length);
+        mUsed += length;
+    }
+
+private:
+    void putStart(const sTag* tag);
+    void putEnd(const sTag* tag);
 
     template <unsigned int Size>
     void put(const char (&text)[Size])
     {
-        std::memcpy(reserve(Size - 1), text, Size - 1);
-        mUsed += Size - 1;
+        put(text, Size - 1);
     }
 
-private:
-    using sText = XmlTextPool::sText;
-
-    void putStart(const sTag* tag);
-    void putEnd(const sTag* tag);
-    void putLong(const sText* text);
-
-    void put(const sText* text)
-    {
-        if (text->length > sText::Block)
-            return putLong(text);
-        std::memcpy(reserve(sText::Block), text->c_str(), sText::Block);
-        mUsed += text->length;
-    }
+    void put(const XmlTextPool::sText* text) { put(text->c_str(), text->length); }
 
     void putTabs()
     {
@@ -56,35 +59,17 @@ private:
             put("\t");
     }
 
-    // The place for up to `size` bytes, which must fit the buffer.
-    char* reserve(unsigned int size)
-    {
-        if (size > sizeof(mBuffer) - mUsed)
-            flush();
-        return mBuffer + mUsed;
-    }
-
-    // Writes whole pages only, so that the file's own buffer is passed by.
     void flush()
     {
-        const unsigned int whole = mUsed / PageSize * PageSize;
-        write(mBuffer, whole);
-        mUsed -= whole;
-        std::memcpy(mBuffer, mBuffer + whole, mUsed);
+        if (mUsed)
+            mpStream->write(mBuffer, mUsed);
+        mUsed = 0;
     }
-
-    void write(const char* text, unsigned int length)
-    {
-        if (length)
-            mpStream->write(text, length);
-    }
-
-    static constexpr unsigned int PageSize = 4096;
 
     TextStream* mpStream;
     unsigned int mDepth = 0;
     unsigned int mUsed = 0;
-    char mBuffer[16 * PageSize];
+    char mBuffer[16 * 1024];
 };
 
 // The tag, what lies below it and all that follow it. A tree may be deeper than a stack, so there is no recursion.
@@ -135,17 +120,6 @@ void XmlWriter::Printer::putEnd(const sTag* tag)
     put("</");
     put(tag->name);
     put(">\n");
-}
-
-void XmlWriter::Printer::putLong(const sText* text)
-{
-    for (unsigned int done = 0; done < text->length;)
-    {
-        const unsigned int part = std::min(text->length - done, PageSize);
-        std::memcpy(reserve(part), text->c_str() + done, part);
-        mUsed += part;
-        done += part;
-    }
 }
 
 XmlWriter::XmlWriter(const char* rootName)
@@ -248,8 +222,9 @@ void XmlWriter::write(TextStream* stream)
     if (!mComplete)
         return;
 
+    static constexpr char Header[] = "<?xml version=\"1.0\"?>\n\n";
     Printer printer(stream);
-    printer.put("<?xml version=\"1.0\"?>\n\n");
+    printer.put(Header, sizeof(Header) - 1);
     printer.printTree(mpFirstRoot);
 }
 

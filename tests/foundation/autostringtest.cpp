@@ -63,8 +63,7 @@ TEST_F(AutoStringTest, SharesOneBufferUntilOneSideIsWritten)
     former = text.c_str();
     text = "balk";
     EXPECT_EQ(text.c_str(), former) << "an equal text changes nothing";
-    const AutoString& self = text;
-    text = self;
+    text = text;
     EXPECT_STREQ(text.c_str(), "balk");
     text = AutoString::Null;
     EXPECT_TRUE(text.empty());

@@ -3,25 +3,15 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 using Bytes = std::vector<unsigned char>;
 
-// Values in as many bytes as stand behind them, the lowest first.
-inline Bytes makeBytes(const std::vector<std::pair<unsigned long long, unsigned int>>& fields)
+// Little-endian, in as many bytes as asked for.
+inline void append(Bytes& bytes, unsigned int value, unsigned int count)
 {
-    Bytes bytes;
-    for (const auto& [value, count] : fields)
-        for (unsigned int i = 0; i < count; ++i)
-            bytes.push_back(i < 8 ? static_cast<unsigned char>(value >> (8 * i)) : 0);
-    return bytes;
-}
-
-inline Bytes operator+(Bytes left, const Bytes& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
+    for (unsigned int i = 0; i < count; ++i)
+        bytes.push_back(static_cast<unsigned char>(value >> (8 * i)));
 }
 
 inline Bytes readBytes(const std::string& path)

@@ -1,0 +1,284 @@
+#include "foundation/gpallocator.h"
+
+#include "tests/support/tracecapture.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <map>
+#include <memory>
+#include <random>
+#include <thread>
+#include <vector>
+
+namespace
+{
+constexpr int Threshold = 32;
+constexpr unsigned int HeapSize = 0x40000;
+constexpr std::int64_t HeaderSize = 32;
+
+// The plain form of the heap: walks all free blocks and takes the first that fits. Places are offsets from the start.
+class WalkedHeap
+{
+public:
+    explicit WalkedHeap(const GPAllocator& heap)
+        : mBase(reinterpret_cast<std::intptr_t>(heap.getHeap())), mHeapSize(heap.getHeapSize())
+    {
+        mFree[0] = mHeapSize / 32 * 32;
+    }
+
+    // The offset of what is handed out, or -1.
+    std::int64_t allocate(std::int64_t size, std::int64_t alignment)
+    {
+        const std::int64_t rounded = size == 0 ? 32 : (std::abs(size) + 31) / 32 * 32;
+        if (size > Threshold)
+        {
+            for (auto block = mFree.begin(); block != mFree.end(); ++block)
+            {
+                const std::int64_t start =
+                    (mBase + block->first + HeaderSize + alignment - 1) / alignment * alignment - mBase;
+                if (block->second - start >= rounded)
+                    return take(block, block->first, start, start + rounded);
+            }
+            return -1;
+        }
+        for (auto block = mFree.rbegin(); block != mFree.rend(); ++block)
+        {
+            const std::int64_t start = (mBase + block->second - rounded) / alignment * alignment - mBase;
+            if (start >= block->first + HeaderSize)
+                return take(std::prev(block.base()), start - HeaderSize, start, block->second);
+        }
+        return -1;
+    }
+
+    void deallocate(std::int64_t start)
+    {
+        const auto [begin, end] = mUsed.at(start);
+        mUsed.erase(start);
+        auto block = mFree.emplace(begin, end).first;
+        if (auto next = std::next(block); next != mFree.end() && next->first == end)
+        {
+            block->second = next->second;
+            mFree.erase(next);
+        }
+        if (block != mFree.begin() && std::prev(block)->second == begin)
+        {
+            std::prev(block)->second = block->second;
+            mFree.erase(block);
+        }
+    }
+
+    unsigned int getUsedSize() const
+    {
+        std::int64_t used = mHeapSize;
+        for (const auto& [begin, end] : mFree)
+            used -= end - begin - HeaderSize;
+        return static_cast<unsigned int>(used);
+    }
+
+private:
+    using Blocks = std::map<std::int64_t, std::int64_t>;
+
+    // Cuts [begin, end) out of the free block; a rest below 64 bytes goes along.
+    std::int64_t take(Blocks::iterator block, std::int64_t begin, std::int64_t start, std::int64_t end)
+    {
+        const std::int64_t low = block->first;
+        const std::int64_t high = block->second;
+        begin = begin - low < 64 ? low : begin;
+        end = high - end < 64 ? high : end;
+        mFree.erase(block);
+        if (begin > low)
+            mFree[low] = begin;
+        if (end < high)
+            mFree[end] = high;
+        mUsed[start] = {begin, end};
+        return start;
+    }
+
+    std::intptr_t mBase;
+    std::int64_t mHeapSize;
+    Blocks mFree;
+    std::map<std::int64_t, std::pair<std::int64_t, std::int64_t>> mUsed;
+};
+
+std::int64_t offsetIn(const AllocatorBase& heap, const void* block)
+{
+    return block ? static_cast<const char*>(block) - static_cast<const char*>(heap.getHeap()) : -1;
+}
+
+// Small and negative sizes mostly, all alignments, sizes at the edges of granules, and now and then far too much.
+int drawSize(std::mt19937& random, unsigned int heapSize)
+{
+    const int kind = static_cast<int>(random() % 16);
+    const int size = kind < 8    ? static_cast<int>(random() % 70)
+                     : kind < 13 ? static_cast<int>(random() % 1200)
+                     : kind < 15 ? static_cast<int>(random() % 5 * 32 + random() % 3)
+                                 : static_cast<int>(random() % heapSize >> random() % 8);
+    return random() % 4 ? size : -size;
+}
+}
+
+class GPAllocatorTest : public testing::Test
+{
+protected:
+    void* allocate(int size, unsigned int alignment = 4)
+    {
+        mBlocks.push_back(mHeap->allocate(size, alignment));
+        return mBlocks.back();
+    }
+
+    void TearDown() override
+    {
+        for (void* block : mBlocks)
+            mHeap->deallocate(block);
+        EXPECT_TRUE(mHeap->isConsistent());
+        EXPECT_EQ(mHeap->getUsedSize(), mUsedAtStart) << "everything has grown together again";
+    }
+
+    std::unique_ptr<GPAllocator> mHeap = std::make_unique<GPAllocator>(HeapSize, "Test", nullptr, Threshold, true);
+    unsigned int mUsedAtStart = mHeap->getUsedSize();
+    std::vector<void*> mBlocks;
+};
+
+TEST_F(GPAllocatorTest, HandsOutTheAddressesOfAWalkOverTheFreeBlocks)
+{
+    TraceCapture trace;
+    for (unsigned int heapSize : {0x8000000u, HeapSize + 63, 0x1020u, 64u, 40u})
+    {
+        GPAllocator heap(heapSize, "Traced", nullptr, Threshold, false);
+        WalkedHeap walked(heap);
+        std::mt19937 random(heapSize);
+        std::vector<void*> live;
+        for (unsigned int step = 0; step < 20000; ++step)
+        {
+            // The live blocks come and go in waves, so that the heap is nearly full and nearly empty in turn.
+            const bool growing = step / 1500 % 2 == 0;
+            if (live.empty() || random() % 100 < (growing ? 70u : 30u))
+            {
+                const int size = drawSize(random, heapSize);
+                const unsigned int alignment = random() % 3 ? 4 : 1u << random() % 11;
+                void* block = heap.allocate(size, alignment);
+                ASSERT_EQ(offsetIn(heap, block), walked.allocate(size, alignment))
+                    << "step " << step << ", size " << size << ", alignment " << alignment;
+                if (block)
+                    live.push_back(block);
+            }
+            else
+            {
+                std::swap(live[random() % live.size()], live.back());
+                walked.deallocate(offsetIn(heap, live.back()));
+                heap.deallocate(live.back());
+                live.pop_back();
+            }
+            ASSERT_EQ(heap.getUsedSize(), walked.getUsedSize()) << "step " << step;
+            ASSERT_TRUE(step % 64 || heap.isConsistent()) << "step " << step;
+        }
+        for (void* block : live)
+            heap.deallocate(block);
+        ASSERT_TRUE(heap.isConsistent());
+    }
+}
+
+TEST_F(GPAllocatorTest, TakesSmallAndNegativeSizesFromTheTopAndOthersFromTheBottom)
+{
+    EXPECT_EQ(offsetIn(*mHeap, allocate(32)), HeapSize - 32);
+    EXPECT_EQ(offsetIn(*mHeap, allocate(33)), 32);
+    EXPECT_EQ(offsetIn(*mHeap, allocate(-64)), HeapSize - 64 - 64);
+    EXPECT_EQ(offsetIn(*mHeap, allocate(0)), HeapSize - 128 - 64) << "nothing is as much as 32 bytes";
+    EXPECT_EQ(offsetIn(*mHeap, allocate(100, 256)), 256) << "behind the block of 33 bytes and a gap";
+    EXPECT_EQ(mHeap->getUsedSize(), 64 + 96 + 96 + 64 + (384 - 96) + 32);
+}
+
+TEST_F(GPAllocatorTest, LeavesARestOf64BytesFreeAndNoSmallerOne)
+{
+    for (auto [rest, stays] : {std::pair(32, false), std::pair(63, false), std::pair(64, true)})
+        for (int way : {1, -1})
+        {
+            GPAllocator heap(0x1000, "Rest", nullptr, Threshold, false);
+            void* all = heap.allocate(way * (0x1000 - 32 - rest), 4);
+            EXPECT_EQ(heap.getUsedSize(), stays ? 0x1000 - 32 : 0x1000) << rest << " bytes, way " << way;
+            EXPECT_TRUE(heap.isConsistent());
+            heap.deallocate(all);
+        }
+}
+
+TEST_F(GPAllocatorTest, RefusesWhatFitsNowhereWithOneTrace)
+{
+    allocate(1000);
+    const unsigned int used = mHeap->getUsedSize();
+    for (int size : {static_cast<int>(HeapSize), -static_cast<int>(HeapSize), INT_MAX, -INT_MAX, INT_MIN})
+    {
+        TraceCapture trace;
+        EXPECT_EQ(mHeap->allocate(size, 4), nullptr);
+        EXPECT_EQ(trace.take(), "Heap allocation failed.(Test:size = " + std::to_string(size) + ")");
+        EXPECT_EQ(mHeap->getUsedSize(), used);
+    }
+    mHeap->deallocate(nullptr);
+}
+
+TEST_F(GPAllocatorTest, StaysWholeUnderSeveralThreads)
+{
+    std::vector<std::thread> threads;
+    for (unsigned int seed = 0; seed < 4; ++seed)
+        threads.emplace_back(
+            [this, seed]
+            {
+                std::mt19937 random(seed);
+                for (unsigned int i = 0; i < 2000; ++i)
+                {
+                    void* block = mHeap->allocate(static_cast<int>(random() % 128), 4);
+                    *static_cast<unsigned int*>(block) = seed;
+                    mHeap->getUsedSize();
+                    EXPECT_EQ(*static_cast<unsigned int*>(block), seed);
+                    mHeap->deallocate(block);
+                }
+            });
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST_F(GPAllocatorTest, ReportsEveryLeakInTheOrderOfAddressesAndStops)
+{
+    const char* leaks = "Test : leak detected\\(call no = 2,size = 40\\).\n"
+                        "Test : leak detected\\(call no = 3,size = 500\\).\n"
+                        "Test : leak detected\\(call no = 1,size = 8\\).\n"
+                        ".*Memory leak detected.";
+    allocate(8);
+    allocate(40, 512);
+    allocate(500);
+    EXPECT_DEATH(mHeap->clear(), leaks);
+    EXPECT_DEATH(mHeap.reset(), leaks);
+}
+
+TEST_F(GPAllocatorTest, IsNotSearchedForLeaksWithoutAFreeBlock)
+{
+    void* all = mHeap->allocate(HeapSize - 32, 4);
+    EXPECT_NE(all, nullptr);
+    mHeap->clear();
+    EXPECT_EQ(mHeap->getUsedSize(), 32u) << "cleared, the heap is one free block";
+}
+
+TEST(AllocatorBaseTest, CutsAHeapFromItsParentAndGivesItBack)
+{
+    GPAllocator parent(0x4000, "Parent", nullptr, Threshold, false);
+    const unsigned int used = parent.getUsedSize();
+    {
+        GPAllocator child(0x1000, "Child", &parent, Threshold, false);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(child.getHeap()) % 128, 0u);
+        EXPECT_GE(parent.getUsedSize(), used + 0x1000);
+        EXPECT_EQ(child.getHeapSize(), 0x1000u);
+        EXPECT_STREQ(child.getName(), "Child");
+    }
+    EXPECT_EQ(parent.getUsedSize(), used);
+    EXPECT_DEATH(GPAllocator(0x5000, "Child", &parent, Threshold, false), "Not enough memory.");
+    EXPECT_DEATH(GPAllocator(0x80000000, "Child", &parent, Threshold, false), "Not enough memory.");
+}
+
+TEST(AllocatorBaseTest, AlignsUpwardsWithAllBitsOfAPointer)
+{
+    EXPECT_EQ(AllocatorBase::align(33u, 32), 64u);
+    EXPECT_EQ(AllocatorBase::align(64u, 32), 64u);
+    void* high = reinterpret_cast<void*>(std::uintptr_t(0x123456781001));
+    EXPECT_EQ(AllocatorBase::align(high, 16), reinterpret_cast<void*>(std::uintptr_t(0x123456781010)));
+    EXPECT_EQ(AllocatorBase::align128(high), reinterpret_cast<void*>(std::uintptr_t(0x123456781080)));
+}

@@ -1,0 +1,178 @@
+#include "foundation/jobsystem.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace
+{
+using Job = JobSystem::Job<class Recorder>;
+
+// Notes who did what; several threads may write at once.
+class Recorder
+{
+public:
+    void note(void* argument)
+    {
+        std::lock_guard<std::mutex> lock(mMutex);
+        mNotes.push_back(static_cast<int>(reinterpret_cast<std::intptr_t>(argument)));
+    }
+
+    void noteIndex(unsigned int index, void*)
+    {
+        std::lock_guard<std::mutex> lock(mMutex);
+        mIndices[std::this_thread::get_id()].push_back(index);
+        mCalls[index]++;
+    }
+
+    // Comes back only when as many threads are inside as the argument says.
+    void meet(void* threadNum)
+    {
+        mInside.increment();
+        while (mInside.get() < static_cast<int>(reinterpret_cast<std::intptr_t>(threadNum)))
+            Thread::yield();
+    }
+
+    static void* number(std::intptr_t value) { return reinterpret_cast<void*>(value); }
+
+    std::vector<int> mNotes;
+    std::map<std::thread::id, std::vector<unsigned int>> mIndices;
+    std::map<unsigned int, int> mCalls;
+    Atomic mInside;
+
+private:
+    std::mutex mMutex;
+};
+
+// Keeps the unique data of the thread that ran it, and counts its end.
+class UniqueDataJob : public JobSystem::JobBase
+{
+public:
+    UniqueDataJob(Recorder* recorder, int* endNum) : mpRecorder(recorder), mpEndNum(endNum) {}
+    ~UniqueDataJob() override { ++*mpEndNum; }
+
+    void execute(void* uniqueData) override
+    {
+        mpRecorder->note(uniqueData);
+        mpRecorder->meet(Recorder::number(4));
+    }
+
+private:
+    Recorder* mpRecorder;
+    int* mpEndNum;
+};
+}
+
+class JobSystemTest : public testing::TestWithParam<unsigned int>
+{
+protected:
+    JobSystemTest() : mpJobSystem(JobSystem::create(0x20000, GetParam())) {}
+    ~JobSystemTest() override { mpJobSystem->destroy(); }
+
+    JobSystem* mpJobSystem;
+    Recorder mRecorder;
+};
+
+using JobSystemOneThreadTest = JobSystemTest;
+using JobSystemFourThreadTest = JobSystemTest;
+INSTANTIATE_TEST_SUITE_P(One, JobSystemOneThreadTest, testing::Values(1u));
+INSTANTIATE_TEST_SUITE_P(Four, JobSystemFourThreadTest, testing::Values(4u));
+INSTANTIATE_TEST_SUITE_P(Threads, JobSystemTest, testing::Values(1u, 2u, 4u, 16u));
+
+TEST_P(JobSystemOneThreadTest, RunsTheQueueInOrderAndDropsJob1025)
+{
+    for (int i = 0; i < 1025; ++i)
+        mpJobSystem->addJob(new Job(&mRecorder, &Recorder::note, Recorder::number(i)));
+    mpJobSystem->executeJob();
+    ASSERT_EQ(mRecorder.mNotes.size(), 1024u);
+    for (int i = 0; i < 1024; ++i)
+        EXPECT_EQ(mRecorder.mNotes[static_cast<unsigned int>(i)], i);
+
+    mpJobSystem->executeJob();
+    EXPECT_EQ(mRecorder.mNotes.size(), 1024u) << "an empty queue does nothing";
+}
+
+TEST_P(JobSystemFourThreadTest, RunsFourJobsAtOnceWithTheDataOfTheirThreads)
+{
+    for (unsigned int thread = 0; thread < 6; ++thread)
+        mpJobSystem->setThreadUniqueData(thread, Recorder::number(10 + thread));
+    EXPECT_EQ(mpJobSystem->getThreadUniqueData(3), Recorder::number(13));
+    EXPECT_EQ(mpJobSystem->getThreadUniqueData(4), nullptr) << "there is no such thread";
+
+    int endNum = 0;
+    for (int round = 1; round <= 50; ++round)
+    {
+        mRecorder.mInside.set(0);
+        mRecorder.mNotes.clear();
+        for (int i = 0; i < 4; ++i)
+            mpJobSystem->addJob(new UniqueDataJob(&mRecorder, &endNum));
+        mpJobSystem->executeJob();
+        std::sort(mRecorder.mNotes.begin(), mRecorder.mNotes.end());
+        ASSERT_EQ(mRecorder.mNotes, (std::vector<int>{10, 11, 12, 13}));
+        ASSERT_EQ(endNum, 4 * round);
+    }
+}
+
+TEST_P(JobSystemTest, CallsEachIndexOnceHoweverOftenItIsAsked)
+{
+    for (int round = 1; round <= 300; ++round)
+    {
+        if (round % 100 == 0)
+            Thread::sleep(1);
+        mpJobSystem->executeLoopJob(&mRecorder, &Recorder::noteIndex, 3, 19, nullptr);
+        ASSERT_EQ(mRecorder.mCalls.size(), 16u);
+        for (auto [index, callNum] : mRecorder.mCalls)
+            ASSERT_EQ(callNum, round) << index;
+    }
+}
+
+TEST_P(JobSystemTest, MakesNoMoreLoopsThanThereAreIndices)
+{
+    for (unsigned int end : {0u, 2u, 1u})
+    {
+        mRecorder.mCalls.clear();
+        mpJobSystem->executeLoopJob(&mRecorder, &Recorder::noteIndex, 0, end, nullptr);
+        EXPECT_EQ(mRecorder.mCalls.size(), end);
+    }
+}
+
+TEST_P(JobSystemTest, LimitsTheThreadNumberAndMakesWorkersAnew)
+{
+    mpJobSystem->setThreadUniqueData(0, this);
+    for (auto [asked, given] : {std::pair(0u, 1u), std::pair(40u, 16u), std::pair(3u, 3u)})
+    {
+        mpJobSystem->setJobThreadNum(asked);
+        EXPECT_EQ(mpJobSystem->getJobThreadNum(), given);
+        EXPECT_EQ(mpJobSystem->isMultiThreading(), given > 1);
+        EXPECT_EQ(mpJobSystem->getThreadUniqueData(given - 1), given == 1 ? this : nullptr);
+        mRecorder.mCalls.clear();
+        mpJobSystem->executeLoopJob(&mRecorder, &Recorder::noteIndex, 0, 40, nullptr);
+        EXPECT_EQ(mRecorder.mCalls.size(), 40u);
+    }
+}
+
+TEST_P(JobSystemFourThreadTest, DealsTheIndicesOutInTurn)
+{
+    mpJobSystem->setJobThreadNum(3);
+    mpJobSystem->executeLoopJob(&mRecorder, &Recorder::noteIndex, 0, 8, nullptr);
+    for (const auto& [thread, indices] : mRecorder.mIndices)
+        for (std::size_t i = 1; i < indices.size(); ++i)
+            EXPECT_TRUE(indices[i] == indices[i - 1] + 3 || (indices[i] < 3 && indices[i - 1] + 3 >= 8))
+                << indices[i] << " after " << indices[i - 1];
+    EXPECT_EQ(mRecorder.mCalls.size(), 8u);
+}
+
+TEST_P(JobSystemOneThreadTest, RefusesANewThreadNumberFromAJob)
+{
+    struct sThreadNumChange
+    {
+        void call(void*) { JobSystem::getInstance()->setJobThreadNum(2); }
+    } change;
+
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    mpJobSystem->addJob(new JobSystem::Job<sThreadNumChange>(&change, &sThreadNumChange::call, nullptr));
+    EXPECT_DEATH(mpJobSystem->executeJob(), "Jobs are being executed.");
+}
