@@ -96,7 +96,7 @@ unsigned int Utils::hash(const char* text)
 {
     unsigned int crc = 0xFFFFFFFF;
     for (; text && *text; ++text)
-        crc = crc << 8 ^ crc32_table[(crc >> 24 ^ static_cast<unsigned char>(*text)) & 0xFF];
+        crc = crc << 8 ^ crc32_table[crc >> 24 ^ static_cast<unsigned char>(*text)];
     return crc;
 }
 

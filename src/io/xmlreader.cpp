@@ -84,33 +84,39 @@ bool XmlReader::isValue(const char* text)
     return text && XmlGrammar::isAll(text, XmlGrammar::Value);
 }
 
-bool XmlReader::isWellFormed(TextStream* stream)
+const char* XmlReader::findFault(TextStream* stream, unsigned int& place)
 {
+    place = 0;
     const unsigned int size = stream->getRest();
-    const Block text = allocate(std::size_t{size} + 1);
+    const Block text = allocate(std::size_t{size} + 1 + XmlCursor::Padding);
     if (!text)
-    {
-        DEV_TRACE("XmlReader : Not enough memory for %u bytes of text.\n", size);
-        return false;
-    }
+        return "Not enough memory.";
     text[stream->peek(text.get(), size)] = XmlGrammar::End;
 
     sTreeSize tree;
     XmlScanner scanner(text.get(), tree);
     const char* fault = scanner.scan();
+    place = static_cast<unsigned int>(scanner.getPlace() - text.get());
     // parse() takes its memory in pages; a page or two of slack makes up for their ends.
     constexpr std::size_t Slack = 1024 * 1024;
     if (!fault && !allocate(tree.tags * sizeof(sTag) + tree.attributes * sizeof(sAttribute) + Slack))
         fault = "Not enough memory.";
+    return fault;
+}
+
+bool XmlReader::isWellFormed(TextStream* stream)
+{
+    unsigned int place = 0;
+    const char* fault = findFault(stream, place);
     if (fault)
-        DEV_TRACE("XmlReader : %s At byte %ld.\n", fault, static_cast<long>(scanner.getPlace() - text.get()));
+        DEV_TRACE("XmlReader : %s At byte %u.\n", fault, place);
     return !fault;
 }
 
 void XmlReader::parse(TextStream* stream)
 {
     const unsigned int size = stream->getRest();
-    char* text = static_cast<char*>(mArena.allocate(std::size_t{size} + 1));
+    char* text = static_cast<char*>(mArena.allocate(std::size_t{size} + 1 + XmlCursor::Padding));
     if (!text)
         dev_assert("Not enough memory.", __FILE__, __LINE__);
     text[size ? stream->read(text, size) : 0] = XmlGrammar::End;

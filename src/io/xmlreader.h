@@ -24,8 +24,11 @@ public:
     static bool isValue(const char* text);
     static bool isValue(const AutoString& text) { return isValue(text.c_str()); }
 
-    // Whether parse() takes the rest of the stream, in grammar and in memory. Traces the fault if not. Leaves the
-    // stream as it is.
+    // What would stop parse() in the rest of the stream, in grammar or in memory, and how many bytes from here; null
+    // when nothing would. Leaves the stream as it is.
+    static const char* findFault(TextStream* stream, unsigned int& place);
+
+    // Whether there is no such fault. Traces it if there is.
     [[nodiscard]] static bool isWellFormed(TextStream* stream);
 
     // Adds the rest of the stream to the tree and leaves the stream at its end. Asserts on any fault of the grammar.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "io/xmlgrammar.h"
+#include "io/xmlcursor.h"
 
 #include <cstring>
 
@@ -9,19 +9,19 @@
 //     bool addAttribute(const char* name, const char* value)   of that tag; the same
 //     void completeTag(bool isOpen)                            it is complete; an open one is the next tag's parent
 //     void closeTag()                                          the end tag of the open one
-// The text must end in XmlGrammar::End. A zero is written behind each word once the scan has passed it, so a name
+// The text must end as XmlCursor asks for. A zero is written behind each word once the scan has passed it, so a name
 // handed to openTag() or addAttribute() is a text of its own only from the next call on.
 template <typename Sink>
 class XmlScanner
 {
 public:
-    XmlScanner(char* text, Sink& sink) : mpNext(text), mSink(sink) {}
+    XmlScanner(char* text, Sink& sink) : mCursor(text), mSink(sink) {}
 
     // Null when the text keeps to the grammar, else the fault.
     const char* scan();
 
     // Where the scan has come to.
-    const char* getPlace() const { return mpNext; }
+    const char* getPlace() const { return mCursor.getPlace(); }
 
 private:
     struct sName
@@ -32,33 +32,19 @@ private:
 
     // The helpers follow the same rule: null, or the fault.
     const char* scanTag();
-    const char* scanAttribute(char* name);
+    const char* scanAttribute(char* name, char* nameEnd);
     const char* scanTagEnd(sName name);
     const char* scanEndTag();
 
-    // Steps to the next of these two characters or to the end.
+    // Steps to the next of these two characters; false at the end.
     bool skipTo(char a, char b)
     {
-        while (*mpNext != a && *mpNext != b && *mpNext != XmlGrammar::End)
-            ++mpNext;
-        return *mpNext != XmlGrammar::End;
+        while (*mCursor != a && *mCursor != b && *mCursor != XmlGrammar::End)
+            mCursor.step();
+        return *mCursor != XmlGrammar::End;
     }
 
-    void skip(unsigned char kind)
-    {
-        while (XmlGrammar::is(*mpNext, kind))
-            ++mpNext;
-    }
-
-    bool take(char c)
-    {
-        if (*mpNext != c)
-            return false;
-        ++mpNext;
-        return true;
-    }
-
-    char* mpNext;
+    XmlCursor mCursor;
     Sink& mSink;
     sName mOpen[XmlGrammar::MaximumDepth];
     unsigned int mDepth = 0;
@@ -67,13 +53,13 @@ private:
 template <typename Sink>
 const char* XmlScanner<Sink>::scan()
 {
-    while (skipTo('<', '<'))
+    while (*mCursor.skipToTag() != XmlGrammar::End)
     {
-        ++mpNext;
+        mCursor.step();
         const char* fault = nullptr;
-        if (*mpNext == '?')
+        if (*mCursor == '?')
             skipTo('>', '>');
-        else if (take('/'))
+        else if (mCursor.take('/'))
             fault = scanEndTag();
         else
             fault = scanTag();
@@ -86,10 +72,9 @@ const char* XmlScanner<Sink>::scan()
 template <typename Sink>
 const char* XmlScanner<Sink>::scanTag()
 {
-    skip(XmlGrammar::Space);
-    char* const name = mpNext;
-    skip(XmlGrammar::Word);
-    char* const nameEnd = mpNext;
+    mCursor.skipSpace();
+    char* const name = mCursor.getPlace();
+    char* const nameEnd = mCursor.skipWord();
     if (name == nameEnd)
         return "Invalid tag.";
     if (!mSink.openTag(name))
@@ -97,12 +82,12 @@ const char* XmlScanner<Sink>::scanTag()
 
     for (;;)
     {
-        skip(XmlGrammar::Space);
-        char* const attribute = mpNext;
-        skip(XmlGrammar::Word);
-        if (attribute == mpNext)
+        mCursor.skipSpace();
+        char* const attribute = mCursor.getPlace();
+        char* const attributeEnd = mCursor.skipWord();
+        if (attribute == attributeEnd)
             break;
-        if (const char* fault = scanAttribute(attribute))
+        if (const char* fault = scanAttribute(attribute, attributeEnd))
             return fault;
     }
     const char* fault = scanTagEnd({name, static_cast<std::size_t>(nameEnd - name)});
@@ -110,28 +95,25 @@ const char* XmlScanner<Sink>::scanTag()
     return fault;
 }
 
-// The name has just been passed.
 template <typename Sink>
-const char* XmlScanner<Sink>::scanAttribute(char* name)
+const char* XmlScanner<Sink>::scanAttribute(char* name, char* nameEnd)
 {
-    char* const nameEnd = mpNext;
-    skip(XmlGrammar::Space);
-    if (!take('='))
+    mCursor.skipSpace();
+    if (!mCursor.take('='))
         return "Invalid attribute format.";
-    skip(XmlGrammar::Space);
-    if (!take('"'))
+    mCursor.skipSpace();
+    if (!mCursor.take('"'))
         return "Invalid attribute format.";
 
-    skip(XmlGrammar::Space);
-    char* const value = mpNext;
-    skip(XmlGrammar::Value);
-    char* const valueEnd = mpNext;
+    mCursor.skipSpace();
+    char* const value = mCursor.getPlace();
+    char* const valueEnd = mCursor.skipValue();
     if (value == valueEnd)
         return "Invalid attribute value.";
     // On purpose: one blank may stand before the closing quote.
-    if (XmlGrammar::is(*mpNext, XmlGrammar::Blank))
-        ++mpNext;
-    if (!take('"'))
+    if (XmlGrammar::is(*mCursor, XmlGrammar::Blank))
+        mCursor.step();
+    if (!mCursor.take('"'))
         return "Invalid attribute format.";
 
     *nameEnd = 0;
@@ -144,8 +126,8 @@ const char* XmlScanner<Sink>::scanTagEnd(sName name)
 {
     if (!skipTo('/', '>'))
         return "Invalid tag.";
-    const bool isOpen = !take('/');
-    if (!take('>') || mDepth == XmlGrammar::MaximumDepth)
+    const bool isOpen = !mCursor.take('/');
+    if (!mCursor.take('>') || mDepth == XmlGrammar::MaximumDepth)
         return "Invalid tag.";
     if (isOpen)
         mOpen[mDepth++] = name;
@@ -157,10 +139,9 @@ const char* XmlScanner<Sink>::scanTagEnd(sName name)
 template <typename Sink>
 const char* XmlScanner<Sink>::scanEndTag()
 {
-    skip(XmlGrammar::Space);
-    const char* name = mpNext;
-    skip(XmlGrammar::Word);
-    const std::size_t length = static_cast<std::size_t>(mpNext - name);
+    mCursor.skipSpace();
+    const char* name = mCursor.getPlace();
+    const std::size_t length = static_cast<std::size_t>(mCursor.skipWord() - name);
     if (length == 0)
         return "Invalid tag.";
     if (mDepth == 0 || mOpen[mDepth - 1].length != length || std::memcmp(mOpen[mDepth - 1].text, name, length) != 0)

@@ -16,22 +16,26 @@ uint64_t load(const char* bytes, unsigned int count)
     return word;
 }
 
-// Eight bytes at a time; the last step may take bytes a second time.
-unsigned int hashText(const char* text, unsigned int length)
+// The last eight bytes in one word; of a shorter text all bytes, some of them twice. Together with the length the word
+// tells texts of up to eight bytes apart.
+uint64_t getTail(const char* text, unsigned int length)
+{
+    if (length >= 8)
+        return load(text + length - 8, 8);
+    if (length >= 4)
+        return load(text, 4) | load(text + length - 4, 4) << 32;
+    if (length)
+        return load(text, 1) | load(text + length / 2, 1) << 8 | load(text + length - 1, 1) << 16;
+    return 0;
+}
+
+unsigned int hashText(const char* text, unsigned int length, uint64_t tail)
 {
     constexpr uint64_t Factor = 0x9E3779B97F4A7C15;
     uint64_t hash = length;
     for (unsigned int i = 0; i + 8 < length; i += 8)
         hash = (hash ^ load(text + i, 8)) * Factor;
-
-    uint64_t last = 0;
-    if (length >= 8)
-        last = load(text + length - 8, 8);
-    else if (length >= 4)
-        last = load(text, 4) | load(text + length - 4, 4) << 32;
-    else if (length)
-        last = load(text, 1) | load(text + length / 2, 1) << 8 | load(text + length - 1, 1) << 16;
-    hash = (hash ^ last) * Factor;
+    hash = (hash ^ tail) * Factor;
     return static_cast<unsigned int>(hash >> 32);
 }
 }
@@ -59,14 +63,16 @@ XmlTextPool::sText* XmlTextPool::share(const char* text)
     if (!text)
         text = "";
     const unsigned int length = static_cast<unsigned int>(std::strlen(text));
-    const unsigned int hash = hashText(text, length);
+    const uint64_t tail = getTail(text, length);
+    const unsigned int hash = hashText(text, length, tail);
     if (mSize * 2 >= mCapacity && !grow())
         return nullptr;
     unsigned int place = hash & (mCapacity - 1);
     for (; sText* entry = mpTable[place]; place = (place + 1) & (mCapacity - 1))
-        if (entry->hash == hash && entry->length == length && std::memcmp(entry->c_str(), text, length) == 0)
+        if (entry->tail == tail && entry->length == length &&
+            (length <= 8 || std::memcmp(entry->c_str(), text, length) == 0))
             return entry;
-    sText* entry = add(text, length, hash);
+    sText* entry = add(text, {tail, hash, length});
     mSize += entry != nullptr;
     return mpTable[place] = entry;
 }
@@ -82,15 +88,17 @@ AutoString XmlTextPool::getString(const char* text)
     return entry->string;
 }
 
-XmlTextPool::sText* XmlTextPool::add(const char* text, unsigned int length, unsigned int hash)
+XmlTextPool::sText* XmlTextPool::add(const char* text, const sText& entry)
 {
-    void* block = mArena.allocate(sizeof(sText) + length + 1);
+    const std::size_t room = (std::size_t{entry.length} / sText::Block + 1) * sText::Block;
+    void* block = mArena.allocate(sizeof(sText) + room);
     if (!block)
         return nullptr;
-    sText* entry = new (block)
-        sText{hash, length, XmlGrammar::isAll(text, XmlGrammar::Word), XmlGrammar::isAll(text, XmlGrammar::Value), {}};
-    std::memcpy(static_cast<char*>(block) + sizeof(sText), text, length + 1);
-    return entry;
+    sText* added = new (block) sText(entry);
+    added->isWord = XmlGrammar::isAll(text, XmlGrammar::Word);
+    added->isValue = XmlGrammar::isAll(text, XmlGrammar::Value);
+    std::memcpy(static_cast<char*>(block) + sizeof(sText), text, entry.length + 1);
+    return added;
 }
 
 bool XmlTextPool::grow()

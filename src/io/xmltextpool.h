@@ -3,6 +3,8 @@
 #include "foundation/autostring.h"
 #include "io/xmlarena.h"
 
+#include <cstdint>
+
 // The texts of one document, each kept once however often it occurs: a few names and values make up most of a
 // document. What a text may stand for is found out once as well.
 class XmlTextPool
@@ -10,12 +12,16 @@ class XmlTextPool
 public:
     struct sText
     {
+        static constexpr unsigned int Block = 16;
+
+        std::uint64_t tail; // of the text, see getTail()
         unsigned int hash;
         unsigned int length;
-        bool isWord;       // may name a tag or an attribute
-        bool isValue;      // may stand between the quotes of an attribute
-        AutoString string; // made when first asked for
+        bool isWord = false;    // may name a tag or an attribute
+        bool isValue = false;   // may stand between the quotes of an attribute
+        AutoString string = {}; // made when first asked for
 
+        // Zero-terminated, in room for whole blocks, so that a short text can be copied by the block.
         const char* c_str() const { return reinterpret_cast<const char*>(this + 1); }
     };
 
@@ -34,7 +40,7 @@ public:
     void clear();
 
 private:
-    sText* add(const char* text, unsigned int length, unsigned int hash);
+    sText* add(const char* text, const sText& entry);
     bool grow();
 
     XmlArena mArena;

@@ -24,34 +24,31 @@ class XmlWriter::Printer
 {
 public:
     explicit Printer(TextStream* stream) : mpStream(stream) {}
-    ~Printer() { flush(); }
+    ~Printer() { write(mBuffer, mUsed); }
 
     void printTree(const sTag* tag);
-
-    void put(const char* text, unsigned int length)
-    {
-        if (length > sizeof(mBuffer) - mUsed)
-            flush();
-        if (length > sizeof(mBuffer))
-        {
-            mpStream->write(text, length);
-            return;
-        }
-        std::memcpy(mBuffer + mUsed, text, length);
-        mUsed += length;
-    }
-
-private:
-    void putStart(const sTag* tag);
-    void putEnd(const sTag* tag);
 
     template <unsigned int Size>
     void put(const char (&text)[Size])
     {
-        put(text, Size - 1);
+        std::memcpy(reserve(Size - 1), text, Size - 1);
+        mUsed += Size - 1;
     }
 
-    void put(const XmlTextPool::sText* text) { put(text->c_str(), text->length); }
+private:
+    using sText = XmlTextPool::sText;
+
+    void putStart(const sTag* tag);
+    void putEnd(const sTag* tag);
+    void putLong(const sText* text);
+
+    void put(const sText* text)
+    {
+        if (text->length > sText::Block)
+            return putLong(text);
+        std::memcpy(reserve(sText::Block), text->c_str(), sText::Block);
+        mUsed += text->length;
+    }
 
     void putTabs()
     {
@@ -59,17 +56,35 @@ private:
             put("\t");
     }
 
+    // The place for up to `size` bytes, which must fit the buffer.
+    char* reserve(unsigned int size)
+    {
+        if (size > sizeof(mBuffer) - mUsed)
+            flush();
+        return mBuffer + mUsed;
+    }
+
+    // Writes whole pages only, so that the file's own buffer is passed by.
     void flush()
     {
-        if (mUsed)
-            mpStream->write(mBuffer, mUsed);
-        mUsed = 0;
+        const unsigned int whole = mUsed / PageSize * PageSize;
+        write(mBuffer, whole);
+        mUsed -= whole;
+        std::memcpy(mBuffer, mBuffer + whole, mUsed);
     }
+
+    void write(const char* text, unsigned int length)
+    {
+        if (length)
+            mpStream->write(text, length);
+    }
+
+    static constexpr unsigned int PageSize = 4096;
 
     TextStream* mpStream;
     unsigned int mDepth = 0;
     unsigned int mUsed = 0;
-    char mBuffer[16 * 1024];
+    char mBuffer[16 * PageSize];
 };
 
 // The tag, what lies below it and all that follow it. A tree may be deeper than a stack, so there is no recursion.
@@ -120,6 +135,17 @@ void XmlWriter::Printer::putEnd(const sTag* tag)
     put("</");
     put(tag->name);
     put(">\n");
+}
+
+void XmlWriter::Printer::putLong(const sText* text)
+{
+    for (unsigned int done = 0; done < text->length;)
+    {
+        const unsigned int part = std::min(text->length - done, PageSize);
+        std::memcpy(reserve(part), text->c_str() + done, part);
+        mUsed += part;
+        done += part;
+    }
 }
 
 XmlWriter::XmlWriter(const char* rootName)
@@ -222,9 +248,8 @@ void XmlWriter::write(TextStream* stream)
     if (!mComplete)
         return;
 
-    static constexpr char Header[] = "<?xml version=\"1.0\"?>\n\n";
     Printer printer(stream);
-    printer.put(Header, sizeof(Header) - 1);
+    printer.put("<?xml version=\"1.0\"?>\n\n");
     printer.printTree(mpFirstRoot);
 }
 

@@ -63,7 +63,8 @@ TEST_F(AutoStringTest, SharesOneBufferUntilOneSideIsWritten)
     former = text.c_str();
     text = "balk";
     EXPECT_EQ(text.c_str(), former) << "an equal text changes nothing";
-    text = text;
+    const AutoString& self = text;
+    text = self;
     EXPECT_STREQ(text.c_str(), "balk");
     text = AutoString::Null;
     EXPECT_TRUE(text.empty());

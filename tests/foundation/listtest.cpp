@@ -131,6 +131,17 @@ TEST_F(ListTest, GrowsBySixteenAtFirst)
     }
 }
 
+TEST_F(ListTest, UsesTheWholePoolAgainWhenItIsCleared)
+{
+    mList.reserve(5);
+    fill(3);
+    const auto* pool = mList.begin().getNode();
+    mList.clear();
+    fill(5);
+    for (auto place = mList.begin(); place != mList.end(); ++place)
+        EXPECT_TRUE(place.getNode() >= pool && place.getNode() < pool + 5);
+}
+
 TEST_F(ListTest, RefusesARoomThatIsTooSmall)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");

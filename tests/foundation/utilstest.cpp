@@ -1,5 +1,7 @@
 #include "foundation/utils.h"
 
+#include "tests/support/headlessapplication.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -119,4 +121,26 @@ TEST_F(UtilsFileListTest, TellsSizeAndTimeOfFilesAndFollowsLinksToDirectories)
     EXPECT_TRUE(Utils::isFileExist(mDirectory.c_str()));
     EXPECT_FALSE(Utils::isFileExist(at("d").c_str()));
     EXPECT_FALSE(Utils::isFileExist(nullptr));
+}
+
+TEST(UtilsPathTest, NamesOnlyWhatStandsDirectlyBelowTheRoot)
+{
+    EXPECT_EQ(Utils::getPath("intermediate/walk.tga"), nullptr) << "without an application there is no root";
+
+    const HeadlessApplication application;
+    const std::string root = application.getRootPath();
+    const struct
+    {
+        std::string path;
+        const char* expected;
+    } cases[] = {
+        {root + "intermediate/v1/walk.tga", "intermediate/v1/walk.tga"},
+        {root + "native/walk.tex", "native/walk.tex"},
+        {root + "v1/intermediate/walk.tga", nullptr},
+        {root + "intermediate", nullptr},
+        {"/elsewhere/intermediate/walk.tga", nullptr},
+    };
+    for (const auto& row : cases)
+        EXPECT_STREQ(Utils::getPath(row.path.c_str()), row.expected) << row.path;
+    EXPECT_EQ(Utils::getPath(nullptr), nullptr);
 }

@@ -12,7 +12,7 @@
 
 // What is used before main has to be known to the compiler.
 static_assert(sColor::DarkGray.g == 105 && sColorF::Cyan.b == 1.0f && sFixed::Half.getRaw() == 0x8000);
-static_assert(sRect::Max.right == 2147483647 && sMatrix::Identity.m[1][1] == sFixed::One);
+static_assert(sRect(7u, 8u).getHeight() == 8 && sMatrix::Identity.m[1][1] == sFixed::One);
 static_assert(sVector(3, -1).y.getRaw() == -65536 && sVector(sFixed::Half, sFixed::One).x == sFixed::Half);
 static_assert(sizeof(sColor) == 4 && sizeof(sTexcoord) == 4 && sizeof(sVector) == 8 && sizeof(sMatrix) == 36);
 

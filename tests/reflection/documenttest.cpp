@@ -53,6 +53,9 @@ public:
 REFLECT(TestNode, eTypeAttribute::None, "ObjectBase");
 TypeInfo sUnmade("TestUnmade", "ObjectBase", 1);
 
+// Has the id of "Testwfyuijrx", too.
+TypeInfo sForged("Testinqgfedy", nullptr, 0);
+
 // Whatever a row of a table makes of it.
 class TestSample : public ObjectBase
 {
@@ -238,6 +241,8 @@ TEST(Document, ToleratesWhatDoesNotFit)
          "link id not found.\n", "7 1 2"},
         {makeLink, "<link type=\"Object\" count=\"0\" typeinfo=\"Nobody\" id=\"2\" stable=\"false\" />",
          "link typeinfo not found.\n", "7 1 2"},
+        {makeLink, "<link type=\"Object\" count=\"0\" typeinfo=\"Testwfyuijrx\" id=\"2\" stable=\"false\" />",
+         "link typeinfo not found.\n", "7 1 2"},
         {makeLink, "<link type=\"Object\" count=\"0\" typeinfo=\"TestUnmade\" id=\"2\" stable=\"false\" />",
          "link typeinfo not found.\n", "7 1 2"},
         {makeLink, "<link type=\"Object\" count=\"0\" id=\"2\" stable=\"false\" />", "link typeinfo not found.\n",
@@ -258,6 +263,23 @@ TEST(Document, ToleratesWhatDoesNotFit)
     TestSample sample(makeNumber);
     EXPECT_EQ(load(sample, "<Other />"), "") << "no tag of that name";
     EXPECT_EQ(sample.describe(), "7 1 2");
+}
+
+TEST(Document, PutsTheIndexOfAnArrayBack)
+{
+    int values[2] = {4, 5};
+    ReferenceProperty<int> property("values", values, 2);
+    XmlWriter writer("values");
+    property.serialize(&writer);
+    EXPECT_EQ(property.getIndex(), 0u);
+
+    MemoryTextStream stream;
+    writer.write(&stream);
+    XmlReader reader;
+    ASSERT_TRUE(reader.load(&stream) && reader.openTag("values"));
+    property.deserialize(&reader);
+    EXPECT_EQ(property.getIndex(), 0u);
+    EXPECT_EQ(values[0] * 10 + values[1], 45);
 }
 
 TEST(Document, MissingComponentsStay)

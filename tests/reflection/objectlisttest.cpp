@@ -148,7 +148,7 @@ TEST_F(ObjectListTest, ToleratesHostileDocuments)
     } rows[] = {
         {"", "", "count not found.\n", ""},
         {"list_count=\"x\"", "", "count not found.\n", ""},
-        {"list_count=\"-1\"", "", "count not found.\n", ""},
+        {"list_count=\"-2\"", "", "count not found.\n", ""},
         {"list_count=\"65536\"", "", "count not found.\n", ""},
         {"list_count=\"99999999999999999999\"", "", "count not found.\n", ""},
         {"list_count=\"2\"", "<element0 typeinfo=\"TestItem\" />", "element0 id not found.\n", "0 0 "},

@@ -111,20 +111,14 @@ TEST_F(ResourceSystemTest, BuildsAMissingNativeFileOnceAndInSubDirectories)
     texture = create<TextureResource>("x/y/a");
     EXPECT_EQ(texture->getWidth(), 1u) << "a changed source builds nothing";
     texture->release();
-}
 
-TEST_F(ResourceSystemTest, BuildsAnewWhenTheNativeFileIsOfAnotherVersion)
-{
-    mSystems.write("native/a.tex", makeFile(sTex{.version = 2}));
-    mSystems.write("intermediate/a.tga", makeFile(sTga{}));
-    TextureResource* texture = create<TextureResource>("a");
-    ASSERT_NE(texture, nullptr);
-    EXPECT_NE(texture->getTexture(), nullptr);
-    EXPECT_EQ(mSystems.read("native/a.tex"), makeFile(sTex{}));
+    mSystems.write("native/x/y/a.tex", makeFile(sTex{.version = 2}));
+    texture = create<TextureResource>("x/y/a");
+    EXPECT_EQ(texture->getWidth(), 2u) << "a native file of another version is built anew";
     texture->release();
 }
 
-TEST_F(ResourceSystemTest, AnswersWithAnEmptyInstanceWhereThereIsNoSource)
+TEST_F(ResourceSystemTest, AnswersWithAnEmptyInstanceOnlyWhereThereIsNoSource)
 {
     TextureResource* texture = create<TextureResource>("nowhere");
     ASSERT_NE(texture, nullptr);
@@ -138,13 +132,10 @@ TEST_F(ResourceSystemTest, AnswersWithAnEmptyInstanceWhereThereIsNoSource)
     TraceCapture trace;
     EXPECT_EQ(create<TextureResourceTGA>("nowhere"), nullptr);
     EXPECT_NE(trace.take().find("Resource intermediate/nowhere.tga loading fail.\n"), std::string::npos);
-}
 
-TEST_F(ResourceSystemTest, LeavesNoFileBehindWhenTheConversionFails)
-{
     writeText("intermediate/a.chain", "none");
     EXPECT_EQ(create<HopelessResource>("a"), nullptr);
-    EXPECT_FALSE(std::filesystem::exists(mSystems.getFile("native/a.hopeless")));
+    EXPECT_FALSE(std::filesystem::exists(mSystems.getFile("native/a.hopeless"))) << "a failed build leaves no file";
 }
 
 TEST_F(ResourceSystemTest, RefusesNamesThatLeadOutAndTypesThatAreNoResources)

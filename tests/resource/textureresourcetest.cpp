@@ -67,46 +67,29 @@ protected:
 TEST_F(TextureResourceTest, TurnsEachOriginOfATgaIntoRowsFromTheTop)
 {
     const Bytes a = {1, 2, 3, 4}, b = {5, 6, 7, 8}, c = {9, 10, 11, 12}, d = {13, 14, 15, 16};
-    const auto join = [](const std::vector<Bytes>& parts)
-    {
-        Bytes all;
-        for (const Bytes& part : parts)
-            all.insert(all.end(), part.begin(), part.end());
-        return all;
-    };
-    const Bytes abcd = join({a, b, c, d});
-    const struct
-    {
-        unsigned int descriptor;
-        Bytes pixels;
-    } rows[] = {
-        {0x28, abcd},
-        {0x08, join({c, d, a, b})},
-        {0x30, join({b, a, d, c})},
-        {0x10, join({d, c, b, a})},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(convert<TextureResourceTGA>(makeFile(sTga{2, 2, abcd, row.descriptor})),
-                  makeFile(sTex{2, 2, row.pixels}))
-            << "descriptor " << row.descriptor;
+    const std::pair<unsigned int, Bytes> rows[] = {
+        {0x28, a + b + c + d}, {0x08, c + d + a + b}, {0x30, b + a + d + c}, {0x10, d + c + b + a}};
+    for (const auto& [descriptor, pixels] : rows)
+        EXPECT_EQ(convert<TextureResourceTGA>(makeFile(sTga{2, 2, a + b + c + d, descriptor})),
+                  makeFile(sTex{2, 2, pixels}))
+            << descriptor;
 }
 
 TEST_F(TextureResourceTest, ConvertsEachDepthOfABitmapInItsOwnWay)
 {
     const Bytes palette = {10, 20, 30, 40, 50, 60, 70, 80};
-    Bytes wide(8 * 1, 0);
-    wide[4] = 0x80;
-    Bytes wideRow;
-    for (unsigned int x = 0; x < 33; ++x)
-        for (const unsigned char byte : x < 32 ? Bytes{10, 20, 30, 255} : Bytes{50, 60, 70, 255})
-            wideRow.push_back(byte);
+    Bytes wide;
+    for (unsigned int x = 0; x < 32; ++x)
+        wide = wide + Bytes{10, 20, 30, 255};
     const struct
     {
         const char* what;
         sBmp bitmap;
         Bytes pixels;
     } rows[] = {
-        {"1 bit: 33 columns take 8 bytes, alpha is forced", {33, -1, 1, palette, wide}, wideRow},
+        {"1 bit: 33 columns take 8 bytes, alpha is forced",
+         {33, -1, 1, palette, {0, 0, 0, 0, 0x80, 0, 0, 0}},
+         wide + Bytes{50, 60, 70, 255}},
         {"4 bits: the high half first, the entry as it stands",
          {2, -1, 4, palette, {0x10, 0, 0, 0}},
          {50, 60, 70, 80, 10, 20, 30, 40}},
@@ -121,9 +104,9 @@ TEST_F(TextureResourceTest, ConvertsEachDepthOfABitmapInItsOwnWay)
     };
     for (const auto& row : rows)
     {
-        const unsigned int height = static_cast<unsigned int>(std::abs(row.bitmap.height));
+        const auto [width, height] = std::pair(row.bitmap.width, std::abs(row.bitmap.height));
         EXPECT_EQ(convert<TextureResourceBMP>(makeFile(row.bitmap)),
-                  makeFile(sTex{static_cast<unsigned int>(row.bitmap.width), height, row.pixels}))
+                  makeFile(sTex{static_cast<unsigned int>(width), static_cast<unsigned int>(height), row.pixels}))
             << row.what;
     }
 }
@@ -212,14 +195,10 @@ TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
     }
 }
 
-TEST_F(TextureResourceTest, TakesSizesUpTo1024)
+TEST_F(TextureResourceTest, TakesSizesUpTo1024AndIsSilentAboutNativeFilesOfAnotherKind)
 {
     EXPECT_TRUE(loads<TextureResource>(makeFile(sTex{1024, 1024, Bytes(1024 * 1024 * 4)})));
     EXPECT_TRUE(loads<TextureResourceTGA>(makeFile(sTga{1, 1024, Bytes(1024 * 4)})));
-}
-
-TEST_F(TextureResourceTest, IsSilentAboutANativeFileOfAnotherKind)
-{
     TraceCapture trace;
     EXPECT_FALSE(loads<TextureResource>(makeFile(sTex{.version = 2})));
     EXPECT_FALSE(loads<TextureResource>({}));
@@ -258,22 +237,13 @@ TEST_F(TextureResourceTest, ConvertsOnlyWhatItHasLoadedAndOnlyIntoBinaryFiles)
 
     bool loaded = false;
     const Held<TextureResourceTGA> full = load<TextureResourceTGA>(makeFile(sTga{}), loaded);
-    TextFileStream text(mSystems.getFile("native/text").c_str(), FileStream::Write);
-    EXPECT_FALSE(full->convert(text));
-    TextFileStream source(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
-    EXPECT_FALSE(full->load(source));
-}
-
-TEST_F(TextureResourceTest, ReadsAFileAgainInPlaceAndKeepsItsPath)
-{
-    bool loaded = false;
-    const Held<TextureResourceTGA> resource = load<TextureResourceTGA>(makeFile(sTga{}), loaded);
-    ASSERT_TRUE(loaded);
-    EXPECT_STREQ(resource->getPath().c_str(), "intermediate/picture");
+    TextFileStream text(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
+    EXPECT_FALSE(full->convert(text) || full->load(text));
 
     mSystems.write("intermediate/picture", makeFile(sTga{2, 3, Bytes(24)}));
     BinaryFileStream stream(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
-    EXPECT_TRUE(resource->load(stream));
-    EXPECT_EQ(resource->getWidth(), 2u);
-    EXPECT_EQ(resource->getTexture()->getHeight(), 3u);
+    EXPECT_TRUE(full->load(stream)) << "a second time, which keeps the path";
+    EXPECT_STREQ(full->getPath().c_str(), "intermediate/picture");
+    EXPECT_EQ(full->getWidth(), 2u);
+    EXPECT_EQ(full->getTexture()->getHeight(), 3u);
 }

@@ -3,15 +3,25 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 using Bytes = std::vector<unsigned char>;
 
-// Little-endian, in as many bytes as asked for.
-inline void append(Bytes& bytes, unsigned int value, unsigned int count)
+// Values in as many bytes as stand behind them, the lowest first.
+inline Bytes makeBytes(const std::vector<std::pair<unsigned long long, unsigned int>>& fields)
 {
-    for (unsigned int i = 0; i < count; ++i)
-        bytes.push_back(static_cast<unsigned char>(value >> (8 * i)));
+    Bytes bytes;
+    for (const auto& [value, count] : fields)
+        for (unsigned int i = 0; i < count; ++i)
+            bytes.push_back(i < 8 ? static_cast<unsigned char>(value >> (8 * i)) : 0);
+    return bytes;
+}
+
+inline Bytes operator+(Bytes left, const Bytes& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
 }
 
 inline Bytes readBytes(const std::string& path)

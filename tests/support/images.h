@@ -14,19 +14,6 @@ struct sTga
     unsigned int depth = 32;
 };
 
-inline Bytes makeFile(const sTga& picture)
-{
-    Bytes file = {0, 0};
-    append(file, picture.type, 1);
-    file.insert(file.end(), 9, 0);
-    append(file, picture.width, 2);
-    append(file, picture.height, 2);
-    append(file, picture.depth, 1);
-    append(file, picture.descriptor, 1);
-    file.insert(file.end(), picture.pixels.begin(), picture.pixels.end());
-    return file;
-}
-
 struct sBmp
 {
     int width = 1;
@@ -38,25 +25,6 @@ struct sBmp
     unsigned int magic = 0x4D42;
 };
 
-inline Bytes makeFile(const sBmp& picture)
-{
-    constexpr unsigned int HeaderSize = 54;
-    Bytes file;
-    append(file, picture.magic, 2);
-    append(file, 0, 8);
-    append(file, HeaderSize + static_cast<unsigned int>(picture.palette.size()), 4);
-    append(file, 40, 4);
-    append(file, static_cast<unsigned int>(picture.width), 4);
-    append(file, static_cast<unsigned int>(picture.height), 4);
-    append(file, 1, 2);
-    append(file, picture.bits, 2);
-    append(file, picture.compression, 4);
-    file.insert(file.end(), HeaderSize - file.size(), 0);
-    file.insert(file.end(), picture.palette.begin(), picture.palette.end());
-    file.insert(file.end(), picture.pixels.begin(), picture.pixels.end());
-    return file;
-}
-
 struct sTex
 {
     unsigned int width = 1;
@@ -65,12 +33,34 @@ struct sTex
     unsigned int version = 1;
 };
 
+inline Bytes makeFile(const sTga& picture)
+{
+    return makeBytes({{0, 2},
+                      {picture.type, 1},
+                      {0, 9},
+                      {picture.width, 2},
+                      {picture.height, 2},
+                      {picture.depth, 1},
+                      {picture.descriptor, 1}}) +
+           picture.pixels;
+}
+
+inline Bytes makeFile(const sBmp& picture)
+{
+    return makeBytes({{picture.magic, 2},
+                      {0, 8},
+                      {54 + picture.palette.size(), 4},
+                      {40, 4},
+                      {static_cast<unsigned int>(picture.width), 4},
+                      {static_cast<unsigned int>(picture.height), 4},
+                      {1, 2},
+                      {picture.bits, 2},
+                      {picture.compression, 4},
+                      {0, 20}}) +
+           picture.palette + picture.pixels;
+}
+
 inline Bytes makeFile(const sTex& picture)
 {
-    Bytes file = {'T', 'E', 'X', ' '};
-    append(file, picture.version, 4);
-    append(file, picture.width, 2);
-    append(file, picture.height, 2);
-    file.insert(file.end(), picture.pixels.begin(), picture.pixels.end());
-    return file;
+    return makeBytes({{0x20584554, 4}, {picture.version, 4}, {picture.width, 2}, {picture.height, 2}}) + picture.pixels;
 }

@@ -19,7 +19,6 @@ constexpr sColor Dark = getDefaultUIColor(eUIColor::DarkLight);
 constexpr sPoint Origin(100, 200);
 constexpr sRect Region(0, 0, 1024, 768);
 
-// A line as it was asked for: the half pixel that the recorder adds to thin primitives is taken off again.
 struct sLine
 {
     int x0, y0, x1, y1;
@@ -27,14 +26,7 @@ struct sLine
 
     bool operator==(const sLine&) const = default;
 };
-
-std::ostream& operator<<(std::ostream& stream, const sLine& line)
-{
-    return stream << "(" << line.x0 << ", " << line.y0 << ")-(" << line.x1 << ", " << line.y1 << ")"
-                  << (line.color == Dark   ? " dark"
-                      : line.color == High ? " high"
-                                           : "");
-}
+using Lines = std::vector<sLine>;
 }
 
 class UIPainterTest : public testing::Test
@@ -53,31 +45,32 @@ protected:
             });
     }
 
-    // The lines of what is painted, relative to the origin.
-    std::vector<sLine> paintLines(const Paint& draw)
+    // The lines of what is painted, relative to the origin and without the half pixel that the recorder adds.
+    Lines paintLines(const Paint& draw)
     {
-        std::vector<sLine> lines;
+        Lines lines;
         for (const sRecordedDraw& recorded : paint(draw))
-            if (recorded.command.state.getPrimitiveType() == ePrimitiveType::Lines)
-                for (std::size_t i = 0; i < recorded.vertices.size(); i += 2)
-                {
-                    const auto& a = recorded.vertices[i];
-                    const auto& b = recorded.vertices[i + 1];
-                    lines.push_back({static_cast<int>(a.x) - Origin.x, static_cast<int>(a.y) - Origin.y,
-                                     static_cast<int>(b.x) - Origin.x, static_cast<int>(b.y) - Origin.y, a.color});
-                }
+            for (std::size_t i = 0;
+                 recorded.command.state.getPrimitiveType() == ePrimitiveType::Lines && i < recorded.vertices.size();
+                 i += 2)
+            {
+                const auto& a = recorded.vertices[i];
+                const auto& b = recorded.vertices[i + 1];
+                lines.push_back({static_cast<int>(a.x) - Origin.x, static_cast<int>(a.y) - Origin.y,
+                                 static_cast<int>(b.x) - Origin.x, static_cast<int>(b.y) - Origin.y, a.color});
+            }
         return lines;
     }
 
-    // The text that a string in a rectangle shows, and where.
-    std::string paintString(const sRect& rect, const std::string& text, eAlignment alignment, sPoint& position)
+    // The text that a string in a rectangle shows, and where it begins.
+    std::string paintString(const sRect& rect, const std::string& text, eAlignment alignment = eAlignment::LeftTop)
     {
         std::string shown;
         for (const sRecordedDraw& draw :
              paint([&](UIPainter& painter) { painter.drawString(rect, text.c_str(), sColor::Red, alignment); }))
         {
-            position = {static_cast<int>(draw.vertices[0].x) - Origin.x,
-                        static_cast<int>(draw.vertices[0].y) - Origin.y};
+            mPosition = {static_cast<int>(draw.vertices[0].x) - Origin.x,
+                         static_cast<int>(draw.vertices[0].y) - Origin.y};
             for (std::size_t i = 0; i < draw.vertices.size(); i += 4)
                 shown += static_cast<char>(' ' + draw.vertices[i].s / 6 + draw.vertices[i].t / 12 * 16);
         }
@@ -85,43 +78,41 @@ protected:
     }
 
     HeadlessSystems mSystems;
+    sPoint mPosition = sPoint::Zero;
 };
 
 TEST_F(UIPainterTest, AlignsTextInARectangle)
 {
+    // Ten characters fit; the row of each horizontal alignment names where "word" begins and what is left of 20.
     const struct
     {
-        eAlignment alignment;
-        sPoint position;
-        const char* cut; // What 60 pixels show of 20 characters.
-    } rows[] = {
-        {eAlignment::LeftTop, {10, 20}, "abcdefghij"},      {eAlignment::LeftMiddle, {10, 29}, "abcdefghij"},
-        {eAlignment::LeftBottom, {10, 38}, "abcdefghij"},   {eAlignment::CenterTop, {28, 20}, "fghijklmno"},
-        {eAlignment::CenterMiddle, {28, 29}, "fghijklmno"}, {eAlignment::CenterBottom, {28, 38}, "fghijklmno"},
-        {eAlignment::RightTop, {46, 20}, "klmnopqrst"},     {eAlignment::RightMiddle, {46, 29}, "klmnopqrst"},
-        {eAlignment::RightBottom, {46, 38}, "klmnopqrst"},
-    };
-    const sRect rect(10, 20, 70, 50);
-    for (const auto& row : rows)
+        int left;
+        const char* cut;
+    } columns[] = {{10, "abcdefghij"}, {28, "fghijklmno"}, {46, "klmnopqrst"}};
+    const int tops[] = {20, 29, 38};
+    for (unsigned int i = 0; i < 9; ++i)
     {
-        sPoint position = sPoint::Zero;
-        EXPECT_EQ(paintString(rect, "word", row.alignment, position), "word");
-        EXPECT_EQ(position, row.position) << static_cast<int>(row.alignment);
-        EXPECT_EQ(paintString(rect, "abcdefghijklmnopqrst", row.alignment, position), row.cut);
-        EXPECT_EQ(position, sPoint(10, row.position.y));
+        const eAlignment alignment = static_cast<eAlignment>(i);
+        EXPECT_EQ(paintString({10, 20, 70, 50}, "word", alignment), "word");
+        EXPECT_EQ(mPosition, sPoint(columns[i / 3].left, tops[i % 3])) << i;
+        EXPECT_EQ(paintString({10, 20, 70, 50}, "abcdefghijklmnopqrst", alignment), columns[i / 3].cut);
+        EXPECT_EQ(mPosition, sPoint(10, tops[i % 3])) << i;
     }
 }
 
-TEST_F(UIPainterTest, DrawsTextFromSixByTwelvePixelsOn)
+TEST_F(UIPainterTest, DrawsTextFromSixByTwelvePixelsOnAndUpTo254Characters)
 {
-    sPoint position = sPoint::Zero;
-    EXPECT_EQ(paintString({0, 0, 60, 11}, "abc", eAlignment::LeftTop, position), "");
-    EXPECT_EQ(paintString({0, 0, 60, 12}, "abc", eAlignment::LeftTop, position), "abc");
-    EXPECT_EQ(paintString({0, 0, 5, 12}, "abc", eAlignment::LeftTop, position), "");
-    EXPECT_EQ(paintString({0, 0, 6, 12}, "abc", eAlignment::LeftTop, position), "a");
-    EXPECT_EQ(paintString({60, 12, 0, 0}, "abc", eAlignment::LeftTop, position), "") << "inside out";
+    EXPECT_EQ(paintString({0, 0, 60, 11}, "abc"), "");
+    EXPECT_EQ(paintString({0, 0, 60, 12}, "abc"), "abc");
+    EXPECT_EQ(paintString({0, 0, 5, 12}, "abc"), "");
+    EXPECT_EQ(paintString({0, 0, 6, 12}, "abc"), "a");
+    EXPECT_EQ(paintString({60, 12, 0, 0}, "abc"), "") << "inside out";
     EXPECT_TRUE(paint([](UIPainter& painter) { painter.drawString(sPoint(0, 0), AutoString(), sColor::Red); }).empty());
-    EXPECT_TRUE(paint([](UIPainter& painter) { painter.drawString(sPoint(0, 0), "", sColor::Red); }).empty());
+
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EQ(paintString({0, 0, 1524, 12}, std::string(255, 'x')).size(), 254u);
+    EXPECT_EQ(paintString({0, 0, 1525, 12}, "short"), "short");
+    EXPECT_DEATH(paintString({0, 0, 1525, 12}, std::string(255, 'x')), "Too long string.");
 }
 
 TEST_F(UIPainterTest, ClipsAPartlyVisibleCharacterToThePixel)
@@ -135,27 +126,17 @@ TEST_F(UIPainterTest, ClipsAPartlyVisibleCharacterToThePixel)
                 painter.drawRect({0, 0, 1, 1}, sColor::Red);
             });
         ASSERT_EQ(draws.size(), 2u);
-        EXPECT_EQ(draws[0].vertices.size(), 8u) << "both characters";
+        EXPECT_EQ(draws[0].vertices[7].x - draws[0].vertices[0].x, 12) << "both characters";
         EXPECT_EQ(draws[0].command.scissor, sRect(100, 200, 107, 212));
         EXPECT_EQ(draws[1].command.scissor, Region) << "what follows is not cut";
     }
-}
-
-TEST_F(UIPainterTest, ShowsUpTo254CharactersInARectangle)
-{
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    sPoint position = sPoint::Zero;
-    const std::string text(255, 'x');
-    EXPECT_EQ(paintString({0, 0, 1524, 12}, text, eAlignment::LeftTop, position).size(), 254u);
-    EXPECT_EQ(paintString({0, 0, 1525, 12}, "short", eAlignment::LeftTop, position), "short");
-    EXPECT_DEATH(paintString({0, 0, 1525, 12}, text, eAlignment::LeftTop, position), "Too long string.");
 }
 
 TEST_F(UIPainterTest, FramesWithFourLinesAndBevelsByTheirColours)
 {
     const auto frame = [](sColor topLeft, sColor bottomRight)
     {
-        return std::vector<sLine>{
+        return Lines{
             {1, 2, 11, 2, topLeft}, {1, 2, 1, 22, topLeft}, {1, 21, 11, 21, bottomRight}, {10, 2, 10, 22, bottomRight}};
     };
     const sRect rect(1, 2, 11, 22);
@@ -167,37 +148,32 @@ TEST_F(UIPainterTest, FramesWithFourLinesAndBevelsByTheirColours)
 
 TEST_F(UIPainterTest, EngravesLinesAcrossTheirDirection)
 {
-    const auto engrave = [this](const sPoint& a, const sPoint& b)
+    const auto engrave = [this](const sPoint& b)
     {
-        return paintLines([&](UIPainter& painter) { painter.drawConcaveLine(a, b); })[1];
+        return paintLines([&](UIPainter& painter) { painter.drawConcaveLine({0, 0}, b); });
     };
-    EXPECT_EQ(engrave({0, 0}, {9, 8}), (sLine{0, 1, 9, 9, High})) << "flat: shifted down";
-    EXPECT_EQ(engrave({0, 0}, {-9, 9}), (sLine{1, 0, -8, 9, High})) << "steep: shifted right";
-    EXPECT_EQ(engrave({5, 5}, {5, 5}), (sLine{6, 5, 6, 5, High})) << "a point counts as steep";
+    EXPECT_EQ(engrave({9, 8}), (Lines{{0, 0, 9, 8, Dark}, {0, 1, 9, 9, High}})) << "flat";
+    EXPECT_EQ(engrave({-9, 9}), (Lines{{0, 0, -9, 9, Dark}, {1, 0, -8, 9, High}})) << "steep";
+    EXPECT_EQ(engrave({0, 0}), (Lines{{0, 0, 0, 0, Dark}, {1, 0, 1, 0, High}})) << "a point counts as steep";
 }
 
 TEST_F(UIPainterTest, LeavesAGapForTheCaptionOfAGroup)
 {
-    const sRect rect(0, 0, 101, 51);
-    const auto topLines = [&](const char* caption)
+    const auto darkLines = [this](const char* caption)
     {
-        std::vector<sLine> top;
-        for (const sLine& line : paintLines([&](UIPainter& painter) { painter.drawGroup(rect, caption, sColor::Red); }))
-            if (line.y0 == 6 && line.y1 == 6 && line.color == Dark)
-                top.push_back(line);
-        return top;
+        Lines lines = paintLines([&](UIPainter& painter) { painter.drawGroup({0, 0, 101, 51}, caption, sColor::Red); });
+        std::erase_if(lines, [](const sLine& line) { return line.color != Dark; });
+        return lines;
     };
-    EXPECT_EQ(topLines(nullptr), (std::vector<sLine>{{0, 6, 101, 6, Dark}}));
-    EXPECT_EQ(topLines(""), (std::vector<sLine>{{0, 6, 4, 6, Dark}, {8, 6, 101, 6, Dark}}));
-    EXPECT_EQ(topLines("abc"), (std::vector<sLine>{{0, 6, 4, 6, Dark}, {26, 6, 101, 6, Dark}}));
-    EXPECT_EQ(topLines("wider than the whole box"), (std::vector<sLine>{{0, 6, 4, 6, Dark}, {97, 6, 101, 6, Dark}}));
-
-    const std::vector<sLine> lines =
-        paintLines([&](UIPainter& painter) { painter.drawGroup(rect, "abc", sColor::Red); });
-    ASSERT_EQ(lines.size(), 10u);
-    EXPECT_EQ(lines[0], (sLine{99, 6, 99, 51, Dark})) << "right";
-    EXPECT_EQ(lines[2], (sLine{0, 49, 100, 49, Dark})) << "bottom";
-    EXPECT_EQ(lines[8], (sLine{0, 7, 0, 51, Dark})) << "left, one below the corner";
+    const sLine right = {99, 6, 99, 51, Dark}, bottom = {0, 49, 100, 49, Dark}, left = {0, 7, 0, 51, Dark};
+    const auto gap = [&](int end)
+    {
+        return Lines{right, bottom, {0, 6, 4, 6, Dark}, {end, 6, 101, 6, Dark}, left};
+    };
+    EXPECT_EQ(darkLines(nullptr), (Lines{right, bottom, {0, 6, 101, 6, Dark}, left}));
+    EXPECT_EQ(darkLines(""), gap(8));
+    EXPECT_EQ(darkLines("abc"), gap(26));
+    EXPECT_EQ(darkLines("wider than the whole box"), gap(97));
 }
 
 TEST_F(UIPainterTest, DrawsOnTheViewAndLevelOfTheInterface)
@@ -206,13 +182,14 @@ TEST_F(UIPainterTest, DrawsOnTheViewAndLevelOfTheInterface)
     const std::vector<sRecordedDraw> draws = paint(
         [texture](UIPainter& painter)
         {
-            painter.setBlendMode(UIPainter::eBlendMode::Subtract);
+            painter.setBlendMode(eBlendMode::Subtract);
             painter.setTexture(texture);
             painter.drawString(sPoint(0, 0), "text", sColor::Red);
             painter.drawRect({0, 0, 4, 4}, sColor::Red, {0, 0}, {4, 4});
             painter.increasePriority();
             painter.drawTriangle({0, 0}, {1, 0}, {0, 1}, sColor::Red);
         });
+    texture->release();
     ASSERT_EQ(draws.size(), 3u);
     EXPECT_EQ(draws[0].command.key, 0x50000007u);
     EXPECT_EQ(draws[0].command.texture, ToolSystem::getInstance()->getFontTexture());
@@ -221,11 +198,8 @@ TEST_F(UIPainterTest, DrawsOnTheViewAndLevelOfTheInterface)
     EXPECT_EQ(draws[1].command.texture, texture);
     EXPECT_EQ(draws[1].command.state.getBlendMode(), eBlendMode::Subtract) << "put back behind the text";
     EXPECT_EQ(draws[1].command.state.getFiltering(), eTextureFiltering::Linear);
-    EXPECT_EQ(draws[1].vertices[3].x, 104);
     EXPECT_EQ(draws[2].command.key, 0x50000008u);
     EXPECT_EQ(draws[2].command.state.getVertexDecl(), eVertexDecl::Plain);
-    texture->release();
-    mSystems.recordFrame([] {});
 }
 
 TEST_F(UIPainterTest, StopsOnStatesThatDoNotExist)

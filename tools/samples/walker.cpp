@@ -197,11 +197,3 @@ Picture Walker::drawCell(unsigned int cell)
     Figure(picture, static_cast<float>(cell) * PoseNum / CellNum).draw();
     return picture;
 }
-
-Picture Walker::drawShadow()
-{
-    Picture picture(ShadowWidthPixels, ShadowHeightPixels);
-    picture.drawShadow({ShadowWidthPixels / 2.0f, ShadowHeightPixels / 2.0f}, ShadowWidthPixels, ShadowHeightPixels,
-                       0.55f);
-    return picture;
-}

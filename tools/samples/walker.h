@@ -12,9 +12,5 @@ constexpr unsigned int CellHeightPixels = 96;
 constexpr unsigned int CellNum = 12;
 constexpr unsigned int StridePixels = 48;
 
-constexpr unsigned int ShadowWidthPixels = 64;
-constexpr unsigned int ShadowHeightPixels = 20;
-
 Picture drawCell(unsigned int cell);
-Picture drawShadow();
 } // namespace Walker

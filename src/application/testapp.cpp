@@ -1,0 +1,124 @@
+#include "application/testapp.h"
+
+#include "application/headsup.h"
+#include "application/systemmanager.h"
+#include "application/viewer.h"
+#include "foundation/jobsystem.h"
+#include "foundation/memorymanager.h"
+#include "io/documentwriter.h"
+#include "io/stream.h"
+#include "io/xmlreader.h"
+#include "render/rendersystem.h"
+#include "render/viewsystem.h"
+#include "resource/resourcebase.h"
+#include "resource/resourcesystem.h"
+#include "tool/toolsystem.h"
+
+#include <cstdio>
+
+// On purpose: the application stands among the systems in the tree of classes.
+REFLECT(TestApp, eTypeAttribute::Singleton, "System");
+
+namespace
+{
+constexpr unsigned int JobMemorySize = 0x10000;
+}
+
+TestApp::TestApp(const sInitializer* initializer) : Application(initializer)
+{
+    DEV_TRACE("TestApp start.\n");
+}
+
+TestApp::~TestApp()
+{
+    mpViewer.reset();
+    if (mSetUp)
+        saveState();
+    DEV_TRACE("TestApp end.\n");
+}
+
+void TestApp::makePropertyList(PropertyList& list)
+{
+    SystemManager::getInstance()->makePropertyList(list);
+}
+
+void TestApp::setup()
+{
+    if (!MemoryManager::getInstance())
+        return;
+    createAllocators();
+    createSystems();
+    SystemManager::getInstance()->setup();
+    SystemManager::getInstance()->order();
+    restoreState();
+    mSetUp = true;
+}
+
+void TestApp::createAllocators()
+{
+    MemoryManager& manager = *MemoryManager::getInstance();
+    AutoString::setAllocator(manager.createAllocator(0x200000, "String"));
+    setTempAllocator(manager.createAllocator(0x1000000, "Temp"));
+    System::setAllocator(manager.createAllocator(0x1000000, "System"));
+    ResourceBase::setAllocator(manager.createAllocator(0x2000000, "Resource"));
+}
+
+// Each system may rely on those before it.
+void TestApp::createSystems()
+{
+    SystemManager& manager = *SystemManager::getInstance();
+    manager.addSystem(JobSystem::create(JobMemorySize, getProcessorNum()));
+    manager.addSystem(ResourceSystem::create());
+    manager.addSystem(RenderSystem::create());
+    manager.addSystem(ViewSystem::create());
+    manager.addSystem(ToolSystem::create());
+}
+
+AutoString TestApp::getStatePath() const
+{
+    return AutoString(getIntermediatePath()) + "test.xml";
+}
+
+// A damaged file is put aside, so that neither this start nor the save at the end loses it.
+void TestApp::restoreState()
+{
+    const AutoString path = getStatePath();
+    TextFileStream stream(path.c_str(), FileStream::Read);
+    if (stream.eof())
+        return;
+
+    XmlReader reader;
+    if (reader.load(&stream))
+        reader.read(this, getTypeInfo()->getName());
+    else
+        std::rename(path.c_str(), (path + ".bad").c_str());
+}
+
+void TestApp::saveState()
+{
+    if (!DocumentWriter::write(this, getStatePath().c_str(), DocumentWriter::ePrevious::Drop))
+        DEV_TRACE("TestApp : the state of the systems is not saved.\n");
+}
+
+bool TestApp::play(const char* name)
+{
+    mpViewer = Viewer::create(name);
+    return mpViewer != nullptr;
+}
+
+void TestApp::update(float deltaTime)
+{
+    SystemManager& manager = *SystemManager::getInstance();
+    manager.preprocess();
+    HeadsUp::draw(*ToolSystem::getInstance(), *this, deltaTime);
+    manager.update();
+    if (mpViewer)
+        mpViewer->update(deltaTime);
+    if (mpViewer)
+        mpViewer->draw();
+    manager.postprocess();
+    RenderSystem::getInstance()->executeCommand();
+
+    if (++mFrameNum == mFrameLimit)
+        quit();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "application/application.h"
+#include "foundation/autostring.h"
+
+#include <memory>
+
+class Viewer;
+
+// The whole program: which heaps and systems there are, what is restored at the start and saved at the end, and what
+// a frame does in which order.
+class TestApp : public Application
+{
+    REFLECTED(TestApp)
+
+public:
+    explicit TestApp(const sInitializer* initializer);
+
+    // Saves the state of the systems, if there are any.
+    ~TestApp() override;
+
+    // The systems are this object's properties.
+    void makePropertyList(PropertyList& list) override;
+
+    // Does nothing when there is no window.
+    void setup() override;
+    void update(float deltaTime) override;
+
+    // Shows an animation, by its logical name; after setup(). False when there is no such animation.
+    [[nodiscard]] bool play(const char* name);
+
+    // The program ends after so many frames; 0 goes on.
+    void setFrameLimit(unsigned int limit) { mFrameLimit = limit; }
+
+private:
+    void createAllocators();
+    void createSystems();
+    void restoreState();
+    void saveState();
+    AutoString getStatePath() const;
+
+    std::unique_ptr<Viewer> mpViewer;
+    unsigned int mFrameLimit = 0;
+    unsigned int mFrameNum = 0;
+    bool mSetUp = false;
+};

@@ -1,0 +1,146 @@
+#include "io/xmlwriter.h"
+
+#include "io/xmlreader.h"
+#include "reflection/objectbase.h"
+#include "tests/support/memorytextstream.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include <sys/resource.h>
+
+namespace
+{
+std::string print(XmlWriter& writer)
+{
+    MemoryTextStream stream;
+    writer.write(&stream);
+    return stream.getText();
+}
+
+TEST(XmlWriterTest, PrintsTagsAtTheirDepthWithABlankBehindEachPart)
+{
+    XmlWriter writer("Root");
+    writer.openTag("child");
+    writer.addAttribute("type", "u32");
+    writer.openTag(AutoString("leaf"));
+    writer.addAttribute(AutoString("value"), AutoString("a \"b\" <c>"));
+    writer.addAttribute("value", static_cast<const char*>(nullptr));
+    writer.closeTag();
+    writer.addAttribute("late", std::string(200000, 'x').c_str());
+    writer.closeTag();
+    writer.openTag("child");
+    writer.closeTag();
+    EXPECT_EQ(print(writer), "<?xml version=\"1.0\"?>\n\n"
+                             "<Root >\n"
+                             "\t<child type=\"u32\" late=\"" +
+                                 std::string(200000, 'x') +
+                                 "\" >\n"
+                                 "\t\t<leaf value=\"a \"b\" <c>\" value=\"\" />\n"
+                                 "\t</child>\n"
+                                 "\t<child />\n"
+                                 "</Root>\n");
+}
+
+TEST(XmlWriterTest, StopsOnTagsThatDoNotPair)
+{
+    const auto build = [](unsigned int opened, unsigned int closed)
+    {
+        XmlWriter writer("Root");
+        for (unsigned int i = 0; i < opened; ++i)
+            writer.openTag("tag");
+        for (unsigned int i = 0; i < closed; ++i)
+            writer.closeTag();
+        print(writer);
+    };
+    EXPECT_DEATH(build(2, 1), "Unclosed tag found.");
+    EXPECT_DEATH(build(2, 3), "Root has already closed.");
+    EXPECT_DEATH(build(0, 2), "Unclosed tag not found.");
+    XmlWriter unwritten("Root");
+}
+
+TEST(XmlWriterTest, KnowsWhetherTheReaderWillTakeTheDocument)
+{
+    struct sRow
+    {
+        const char* name;
+        const char* value;
+        bool readable;
+    };
+    for (const sRow& row : {sRow{"name_1", "Az09_+-<>./", true}, sRow{"name", "", false}, sRow{"name", nullptr, false},
+                            sRow{"name", "a b", false}, sRow{"name", "a:b", false}, sRow{"name", "\xC3\xA4", false},
+                            sRow{"a-b", "1", false}, sRow{"", "1", false}})
+    {
+        XmlWriter writer("Root");
+        writer.openTag("child");
+        writer.addAttribute(row.name, row.value);
+        writer.closeTag();
+        EXPECT_EQ(writer.isReadable(), row.readable) << row.name << " " << (row.value ? row.value : "null");
+        MemoryTextStream stream(print(writer));
+        EXPECT_TRUE(XmlReader::isWellFormed(&stream) || !row.readable);
+    }
+    XmlWriter writer("no name");
+    EXPECT_FALSE(writer.isReadable());
+}
+
+TEST(XmlWriterTest, ADocumentMayBe256TagsDeep)
+{
+    for (unsigned int depth : {256u, 257u, 100000u})
+    {
+        XmlWriter writer("tag");
+        for (unsigned int i = 1; i < depth; ++i)
+            writer.openTag("tag");
+        for (unsigned int i = 1; i < depth; ++i)
+            writer.closeTag();
+        EXPECT_EQ(writer.isReadable(), depth <= 256);
+        if (depth > 1000)
+            continue;
+        MemoryTextStream stream(print(writer));
+        EXPECT_EQ(XmlReader::isWellFormed(&stream), depth <= 256);
+    }
+}
+
+TEST(XmlWriterTest, NumbersObjectsInTheOrderInWhichTheyAppear)
+{
+    XmlWriter writer("Root");
+    std::vector<ObjectBase> objects(1000);
+    for (unsigned int i = 0; i < 1000; ++i)
+        EXPECT_EQ(writer.getIdentity(&objects[i * 7 % 1000]), i + 1);
+    for (unsigned int i = 0; i < 1000; ++i)
+        EXPECT_EQ(writer.getIdentity(&objects[i * 7 % 1000]), i + 1);
+
+    EXPECT_EQ(writer.findObject(3), nullptr);
+    writer.registerObject(&objects[0], 3);
+    EXPECT_EQ(writer.findObject(3), &objects[0]);
+    EXPECT_DEATH(writer.registerObject(&objects[1], 3), "ID number conflict.");
+    EXPECT_DEATH(writer.registerObject(&objects[1], 0), "ID number 0 is reserved.");
+}
+
+#ifndef CELLWRIGHT_SANITIZED
+// The child runs into a limit of its memory; whoever walks the objects meanwhile still comes to an end.
+TEST(XmlWriterTest, GivesATreeUpThatOutgrowsTheMemory)
+{
+    const auto fill = []
+    {
+        const rlimit limit{256 * 1024 * 1024, 256 * 1024 * 1024};
+        setrlimit(RLIMIT_AS, &limit);
+        XmlWriter writer("Root");
+        std::vector<ObjectBase> objects(1000);
+        for (unsigned int i = 0; i < 20000000 && writer.isReadable(); ++i)
+            writer.addAttribute("name", std::to_string(i).c_str());
+        for (unsigned int i = 0; i < 1000; ++i)
+        {
+            writer.openTag("tag");
+            writer.addAttribute("name", "value");
+            writer.registerObject(&objects[i], writer.getIdentity(&objects[i]));
+        }
+        for (unsigned int i = 0; i < 1000; ++i)
+            writer.closeTag();
+        const bool given = !writer.isReadable() && print(writer).empty();
+        _exit(given ? 0 : 1);
+    };
+    EXPECT_EXIT(fill(), testing::ExitedWithCode(0), "XmlWriter : Not enough memory, document given up.\n$");
+}
+#endif
+}
