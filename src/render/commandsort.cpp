@@ -9,9 +9,7 @@
 
 namespace
 {
-// A block's two arrays fit the first cache of a processor.
-constexpr unsigned int BlockSize = 1024;
-constexpr unsigned int RunSize = 4;
+constexpr unsigned int NetworkSize = 4;
 
 CommandRank makeRank(const sCommand* command, unsigned int place)
 {
@@ -64,26 +62,48 @@ void mergeBack(CommandRank* destination, const CommandRank* begin, const Command
     copy(destination - rest, (left != begin ? left : right) - rest, rest);
 }
 
-// Both ends at once, for halves of equal length: neither walk can leave its half, and the two do not wait for each
-// other.
-void mergeBothEnds(CommandRank* destination, const CommandRank* source, unsigned int half)
+// Merges runs that follow each other, each of two sorted halves of equal length, and each from both ends at once: no
+// walk can leave its half, and none waits for another. Where the right half stands follows from how many entries came
+// from the left one, so that a walk is one number.
+template <unsigned int RunNum>
+void mergeBothEnds(CommandRank* destination, const CommandRank* source, std::size_t half)
 {
-    const CommandRank* left = source;
-    const CommandRank* right = source + half;
-    const CommandRank* leftBack = source + half - 1;
-    const CommandRank* rightBack = source + 2 * half - 1;
-    CommandRank* back = destination + 2 * half - 1;
-    for (unsigned int i = 0; i < half; ++i)
+    std::size_t front[RunNum] = {};
+    std::size_t back[RunNum] = {};
+    const std::size_t width = 2 * half;
+    for (std::size_t i = 0; i < half; ++i)
     {
-        const bool takeRight = *right < *left;
-        *destination++ = takeRight ? *right : *left;
-        right += takeRight;
-        left += !takeRight;
+        for (unsigned int run = 0; run < RunNum; ++run)
+        {
+            const CommandRank* begin = source + run * width;
+            CommandRank* merged = destination + run * width;
+            const CommandRank left = begin[front[run]];
+            const CommandRank right = begin[half + i - front[run]];
+            merged[i] = std::min(left, right);
+            front[run] += left < right;
 
-        const bool takeLeft = *rightBack < *leftBack;
-        *back-- = takeLeft ? *leftBack : *rightBack;
-        leftBack -= takeLeft;
-        rightBack -= !takeLeft;
+            const CommandRank leftBack = begin[half - 1 - back[run]];
+            const CommandRank rightBack = begin[width - 1 - i + back[run]];
+            merged[width - 1 - i] = std::max(leftBack, rightBack);
+            back[run] += rightBack < leftBack;
+        }
+    }
+}
+
+// One pass over a block. Two runs that both need merging go together: twice as many walks wait for memory at once.
+void mergePass(CommandRank* destination, const CommandRank* source, unsigned int width, unsigned int count)
+{
+    const unsigned int half = width / 2;
+    for (unsigned int i = 0; i < count;)
+    {
+        const CommandRank* run = source + i;
+        const bool isPair =
+            count - i >= 2 * width && run[half] < run[half - 1] && run[width + half] < run[width + half - 1];
+        if (isPair)
+            mergeBothEnds<2>(destination + i, run, half);
+        else
+            sortCommandEach(destination + i, run, width, count - i);
+        i += isPair ? 2 * width : width;
     }
 }
 
@@ -117,8 +137,8 @@ void sortCommandEach4(CommandRank* destination, const CommandRank* source, unsig
     order(a, c);
     order(b, d);
     order(b, c);
-    const CommandRank sorted[RunSize] = {a, b, c, d};
-    copy(destination, sorted, std::min(count, RunSize));
+    const CommandRank sorted[NetworkSize] = {a, b, c, d};
+    copy(destination, sorted, std::min(count, NetworkSize));
 }
 
 void sortCommandEach(CommandRank* destination, const CommandRank* source, unsigned int width, unsigned int remaining)
@@ -128,12 +148,12 @@ void sortCommandEach(CommandRank* destination, const CommandRank* source, unsign
     if (count <= half || source[half - 1] < source[half])
         copy(destination, source, count);
     else if (count == width)
-        mergeBothEnds(destination, source, half);
+        mergeBothEnds<1>(destination, source, half);
     else
         mergeFront(destination, source, source + half, source + count, count);
 }
 
-CommandSort::CommandSort(unsigned int capacity)
+CommandSort::CommandSort(unsigned int capacity) : mBlock((capacity + BlockSize - 1) / BlockSize)
 {
     for (CommandRank*& rank : mpRank)
         rank = static_cast<CommandRank*>(System::allocate(capacity * static_cast<unsigned int>(sizeof(CommandRank))));
@@ -147,8 +167,17 @@ CommandSort::~CommandSort()
 
 void CommandSort::sort(sCommand** destination, sCommand* const* source, unsigned int count, JobSystem* jobs)
 {
+    const unsigned int blockNum = (count + BlockSize - 1) / BlockSize;
     sPass pass = {mpRank[0], mpRank[1], destination, source, count, BlockSize};
-    run(jobs, &CommandSort::sortBlockJob, (count + BlockSize - 1) / BlockSize, pass);
+    run(jobs, &CommandSort::rankJob, blockNum, pass);
+    if (joinRuns(pass, blockNum))
+        return;
+    const auto isSorted = [](const sBlock& block)
+    {
+        return block.sorted;
+    };
+    if (!std::all_of(mBlock.begin(), mBlock.begin() + blockNum, isSorted))
+        run(jobs, &CommandSort::sortBlockJob, blockNum, pass);
 
     while (!isOrdered(pass.destination, count, pass.width))
     {
@@ -172,6 +201,58 @@ void CommandSort::run(JobSystem* jobs, Method method, unsigned int end, sPass& p
         (this->*method)(i, &pass);
 }
 
+// Ranks a block's commands and notes where its runs begin. A block of many short runs is sorted on the spot.
+void CommandSort::rankJob(unsigned int index, void* passData)
+{
+    const sPass& pass = *static_cast<sPass*>(passData);
+    const unsigned int begin = index * BlockSize;
+    const unsigned int end = std::min(begin + BlockSize, pass.count);
+    sBlock& block = mBlock[index];
+
+    block.runNum = 0;
+    CommandRank previous = ~CommandRank{0};
+    for (unsigned int i = begin; i < end; ++i)
+    {
+        const CommandRank rank = makeRank(pass.command[i], i);
+        pass.destination[i] = rank;
+        block.runBegin[block.runNum] = i;
+        block.runNum = std::min(block.runNum + (rank < previous), RunNum);
+        previous = rank;
+    }
+    block.runBegin[block.runNum] = end;
+    block.sorted = block.runNum == 1;
+    if (block.runNum == RunNum)
+        sortBlockJob(index, passData);
+}
+
+// Most frames are made of a few long runs, one a window or a thread, that only have to change places.
+bool CommandSort::joinRuns(const sPass& pass, unsigned int blockNum)
+{
+    mPieces.clear();
+    for (unsigned int i = 0; i < blockNum; ++i)
+    {
+        const sBlock& block = mBlock[i];
+        if (block.runNum == RunNum)
+            return false;
+        for (unsigned int run = 0; run < block.runNum; ++run)
+        {
+            if (!mPieces.addRun(pass.destination + block.runBegin[run], pass.destination + block.runBegin[run + 1]))
+                return false;
+        }
+    }
+    if (!mPieces.merge())
+        return false;
+
+    sCommand** result = pass.result;
+    for (const CommandPieces::sPiece& piece : mPieces)
+    {
+        const unsigned int count = static_cast<unsigned int>(piece.end - piece.begin);
+        resolve(result, piece.begin, pass.command, count);
+        result += count;
+    }
+    return true;
+}
+
 // Leaves the block sorted in the destination, whichever of the two arrays its last pass came from.
 void CommandSort::sortBlockJob(unsigned int index, void* passData)
 {
@@ -179,25 +260,16 @@ void CommandSort::sortBlockJob(unsigned int index, void* passData)
     const unsigned int begin = index * BlockSize;
     const unsigned int count = std::min(BlockSize, pass.count - begin);
     CommandRank* rank = pass.destination + begin;
-    CommandRank* other = const_cast<CommandRank*>(pass.source) + begin;
-
-    bool ordered = true;
-    CommandRank previous = 0;
-    for (unsigned int i = 0; i < count; ++i)
-    {
-        rank[i] = makeRank(pass.command[begin + i], begin + i);
-        ordered &= previous <= rank[i];
-        previous = rank[i];
-    }
-    if (ordered)
+    CommandRank* other = pass.source + begin;
+    if (mBlock[index].sorted)
         return;
+    mBlock[index].sorted = true;
 
-    for (unsigned int i = 0; i < count; i += RunSize)
+    for (unsigned int i = 0; i < count; i += NetworkSize)
         sortCommandEach4(rank + i, rank + i, count - i);
-    for (unsigned int width = RunSize * 2; width < count * 2; width *= 2)
+    for (unsigned int width = NetworkSize * 2; width < count * 2; width *= 2)
     {
-        for (unsigned int i = 0; i < count; i += width)
-            sortCommandEach(other + i, rank + i, width, count - i);
+        mergePass(other, rank, width, count);
         std::swap(rank, other);
     }
     if (rank != pass.destination + begin)

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <cstdint>
+#include "render/commandpieces.h"
+
+#include <vector>
 
 class JobSystem;
 struct sCommand;
-
-// One entry while it is being sorted: the key above, the place in the order of entry below. No two are equal, so the
-// one order that they have is that of a stable sort by key.
-using CommandRank = std::uint64_t;
 
 // Sorts at most four entries.
 void sortCommandEach4(CommandRank* destination, const CommandRank* source, unsigned int count);
@@ -31,21 +29,37 @@ public:
     void sort(sCommand** destination, sCommand* const* source, unsigned int count, JobSystem* jobs);
 
 private:
+    // Two arrays of one block fit the first cache of a processor.
+    static constexpr unsigned int BlockSize = 2048;
+    static constexpr unsigned int RunNum = 32;
+
     struct sPass
     {
         CommandRank* destination;
-        const CommandRank* source;
+        CommandRank* source;
         sCommand** result;
         sCommand* const* command;
         unsigned int count;
         unsigned int width;
     };
 
+    // Where the runs of a block begin that are sorted as they come; RunNum of them stand for too many.
+    struct sBlock
+    {
+        bool sorted;
+        unsigned int runNum;
+        unsigned int runBegin[RunNum + 1];
+    };
+
     template <typename Method>
     void run(JobSystem* jobs, Method method, unsigned int end, sPass& pass);
+    void rankJob(unsigned int index, void* pass);
+    bool joinRuns(const sPass& pass, unsigned int blockNum);
     void sortBlockJob(unsigned int index, void* pass);
     void sortCommandJob(unsigned int index, void* pass);
     void mergeLastJob(unsigned int index, void* pass);
 
     CommandRank* mpRank[2];
+    std::vector<sBlock> mBlock;
+    CommandPieces mPieces;
 };

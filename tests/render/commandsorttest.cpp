@@ -36,6 +36,11 @@ constexpr sPattern PatternTable[] = {
      {
          return (place / 300 * 7 % 5 << 16) + place % 300;
      }},
+    {"windows of two threads",
+     [](std::mt19937&, unsigned int place)
+     {
+         return (place / 170 % 48 * 2 + place / 170 / 48) << 8 | place % 170 / 8;
+     }},
     {"sorted",
      [](std::mt19937&, unsigned int place)
      {
