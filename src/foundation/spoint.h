@@ -23,6 +23,14 @@ public:
         return moved += other;
     }
 
+    constexpr sPointTemplate operator-(const sPointTemplate& other) const
+    {
+        sPointTemplate difference = *this;
+        difference.x = static_cast<T>(x - other.x);
+        difference.y = static_cast<T>(y - other.y);
+        return difference;
+    }
+
     constexpr sPointTemplate& operator+=(const sPointTemplate& other)
     {
         x = sum(x, other.x);

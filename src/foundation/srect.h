@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/spoint.h"
 #include "foundation/ssize.h"
 
 // Left, top, right, bottom; right and bottom are outside. `S` is the type of its width and height.
@@ -33,6 +34,26 @@ public:
     }
 
     constexpr sRectTemplate& operator&=(const sRectTemplate& other) { return *this = *this & other; }
+
+    // The smallest rectangle around both.
+    constexpr sRectTemplate operator|(const sRectTemplate& other) const
+    {
+        return {left < other.left ? left : other.left, top < other.top ? top : other.top,
+                right > other.right ? right : other.right, bottom > other.bottom ? bottom : other.bottom};
+    }
+
+    constexpr sRectTemplate& operator|=(const sRectTemplate& other) { return *this = *this | other; }
+
+    // On purpose: a point on the right or bottom edge counts as inside.
+    constexpr bool intersect(const sPointTemplate<T, Minimum, Maximum>& point) const
+    {
+        return left <= point.x && point.x <= right && top <= point.y && point.y <= bottom;
+    }
+
+    constexpr sRectTemplate operator+(const sPointTemplate<T, Minimum, Maximum>& offset) const
+    {
+        return {left + offset.x, top + offset.y, right + offset.x, bottom + offset.y};
+    }
 
     constexpr bool operator==(const sRectTemplate&) const = default;
 

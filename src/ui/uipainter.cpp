@@ -3,7 +3,7 @@
 #include "foundation/dev.h"
 #include "render/drawcontext.h"
 #include "tool/toolsystem.h"
-#include "ui/uicolor.h"
+#include "ui/uisystem.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -56,22 +56,19 @@ std::size_t getHidden(eSide side, std::size_t length, std::size_t visible)
     const std::size_t hidden = length - visible;
     return side == eSide::Begin ? 0 : side == eSide::Middle ? hidden / 2 : hidden;
 }
-
-sColor getHighLight()
-{
-    return getDefaultUIColor(eUIColor::HighLight);
-}
-
-sColor getDarkLight()
-{
-    return getDefaultUIColor(eUIColor::DarkLight);
-}
 }
 
 UIPainter::UIPainter(DrawContext* context, unsigned int priority) : mContext(context)
 {
     mContext->setView(InterfaceView);
     setPriority(priority);
+}
+
+const UIColorScheme& UIPainter::getColors()
+{
+    static constexpr UIColorScheme Default;
+    const UISystem* uiSystem = UISystem::getInstance();
+    return uiSystem ? *uiSystem : Default;
 }
 
 sSize UIPainter::getFontSize()
@@ -172,20 +169,20 @@ void UIPainter::drawFrame(const sRect& rect, sColor color)
 
 void UIPainter::drawConvexRect(const sRect& rect)
 {
-    drawBevel(rect, getHighLight(), getDarkLight());
+    drawBevel(rect, getColors().mHighLightColor, getColors().mDarkLightColor);
 }
 
 void UIPainter::drawConcaveRect(const sRect& rect)
 {
-    drawBevel(rect, getDarkLight(), getHighLight());
+    drawBevel(rect, getColors().mDarkLightColor, getColors().mHighLightColor);
 }
 
 void UIPainter::drawConcaveLine(const sPoint& a, const sPoint& b)
 {
     const bool steep = std::abs(b.x - a.x) <= std::abs(b.y - a.y);
     const sPoint shift = steep ? sPoint(1, 0) : sPoint(0, 1);
-    drawLine(a, b, getDarkLight());
-    drawLine(a + shift, b + shift, getHighLight());
+    drawLine(a, b, getColors().mDarkLightColor);
+    drawLine(a + shift, b + shift, getColors().mHighLightColor);
 }
 
 // The frame starts half a line of text below the top of the rectangle, so that the caption stands in its edge.

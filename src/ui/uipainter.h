@@ -9,6 +9,7 @@
 
 class DrawContext;
 class Texture;
+struct UIColorScheme;
 
 // What every element draws with, for the length of one paint job on one thread. It adds an origin to all
 // coordinates and passes the primitives on to ToolSystem; the bevels and the layout of text live here.
@@ -38,6 +39,9 @@ public:
 
     UIPainter(const UIPainter&) = delete;
     UIPainter& operator=(const UIPainter&) = delete;
+
+    // The colours of the moment; those of the start while there is no UISystem. Any thread.
+    static const UIColorScheme& getColors();
 
     // Every character has this size in pixels.
     static sSize getFontSize();

@@ -14,8 +14,8 @@ namespace
 {
 using eAlignment = UIPainter::eAlignment;
 
-constexpr sColor High = getDefaultUIColor(eUIColor::HighLight);
-constexpr sColor Dark = getDefaultUIColor(eUIColor::DarkLight);
+constexpr sColor High = UIColorScheme::mDefaultHighLightColor;
+constexpr sColor Dark = UIColorScheme::mDefaultDarkLightColor;
 constexpr sPoint Origin(100, 200);
 constexpr sRect Region(0, 0, 1024, 768);
 
