@@ -30,8 +30,8 @@ public:
         sAttribute* attribute = mReader.mArena.make<sAttribute>();
         if (!attribute)
             return false;
-        attribute->name = name;
-        attribute->value = value;
+        attribute->name = static_cast<unsigned int>(name - mpTag->name);
+        attribute->value = static_cast<unsigned int>(value - mpTag->name);
         *mpLink = attribute;
         mpLink = &attribute->next;
         return true;
@@ -152,15 +152,15 @@ ObjectBase* XmlReader::read(ObjectBase* object, const char* tagName)
 
 ObjectBase* XmlReader::makeObject(const char* tagName) const
 {
-    const sAttribute* name = mpTag->findAttribute("typeinfo");
+    const char* name = mpTag->findAttribute("typeinfo");
     if (!name)
     {
         DEV_TRACE("%s typeinfo not found.\n", tagName);
         return nullptr;
     }
-    const TypeInfo* type = TypeInfo::findForeign(name->value);
+    const TypeInfo* type = TypeInfo::findForeign(name);
     if (!type)
-        DEV_TRACE("%s undefined typeinfo \"%s\".\n", tagName, name->value);
+        DEV_TRACE("%s undefined typeinfo \"%s\".\n", tagName, name);
     return type ? type->newInstance() : nullptr;
 }
 
@@ -185,25 +185,25 @@ AutoString XmlReader::getAttribute(const char* name) const
 {
     if (!mpTag)
         dev_assert("No tag is opened.", __FILE__, __LINE__);
-    const sAttribute* attribute = mpTag->findAttribute(name);
-    return attribute ? mTexts.getString(attribute->value) : AutoString::Null;
+    const char* value = mpTag->findAttribute(name);
+    return value ? mTexts.getString(value) : AutoString::Null;
 }
 
 AutoString XmlReader::findTag(const char* attributeName, const char* attributeValue) const
 {
     for (const sTag* child = getFirstChild(); mpTag && child; child = child->next)
     {
-        const sAttribute* attribute = mpTag->findAttribute(attributeName);
-        if (attribute && AutoString::isEqual(attribute->value, attributeValue))
+        const char* value = mpTag->findAttribute(attributeName);
+        if (value && AutoString::isEqual(value, attributeValue))
             return mTexts.getString(child->name);
     }
     return AutoString::Null;
 }
 
-const XmlReader::sAttribute* XmlReader::sTag::findAttribute(const char* attributeName) const
+const char* XmlReader::sTag::findAttribute(const char* attributeName) const
 {
     const sAttribute* attribute = firstAttribute;
-    while (attribute && !AutoString::isEqual(attribute->name, attributeName))
+    while (attribute && !AutoString::isEqual(name + attribute->name, attributeName))
         attribute = attribute->next;
-    return attribute;
+    return attribute ? name + attribute->value : nullptr;
 }

@@ -61,17 +61,18 @@ public:
     void registerObject(ObjectBase* object, unsigned int id) { mObjects.add(object, id); }
 
 private:
-    // Names and values lie in the document's text, each ended by a zero.
+    // Names and values lie in the document's text, each ended by a zero: bytes behind the name of the tag.
     struct sAttribute
     {
-        const char* name = nullptr;
-        const char* value = nullptr;
+        unsigned int name = 0;
+        unsigned int value = 0;
         sAttribute* next = nullptr;
     };
 
     struct sTag
     {
-        const sAttribute* findAttribute(const char* attributeName) const;
+        // The value of the first attribute of that name, or null.
+        const char* findAttribute(const char* attributeName) const;
 
         const char* name = nullptr;
         sTag* parent = nullptr;

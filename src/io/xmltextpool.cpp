@@ -36,7 +36,7 @@ unsigned int hashText(const char* text, unsigned int length, uint64_t tail)
     for (unsigned int i = 0; i + 8 < length; i += 8)
         hash = (hash ^ load(text + i, 8)) * Factor;
     hash = (hash ^ tail) * Factor;
-    return static_cast<unsigned int>(hash >> 32);
+    return static_cast<unsigned int>((hash ^ hash >> 32) * Factor >> 32);
 }
 }
 
@@ -48,8 +48,8 @@ XmlTextPool::~XmlTextPool()
 void XmlTextPool::clear()
 {
     for (unsigned int i = 0; mHasStrings && i < mCapacity; ++i)
-        if (mpTable[i])
-            mpTable[i]->string = AutoString();
+        if (mpTable[i].text)
+            mpTable[i].text->string = AutoString();
     delete[] mpTable;
     mpTable = nullptr;
     mCapacity = 0;
@@ -68,13 +68,14 @@ XmlTextPool::sText* XmlTextPool::share(const char* text)
     if (mSize * 2 >= mCapacity && !grow())
         return nullptr;
     unsigned int place = hash & (mCapacity - 1);
-    for (; sText* entry = mpTable[place]; place = (place + 1) & (mCapacity - 1))
-        if (entry->tail == tail && entry->length == length &&
-            (length <= 8 || std::memcmp(entry->c_str(), text, length) == 0))
-            return entry;
-    sText* entry = add(text, {tail, hash, length});
-    mSize += entry != nullptr;
-    return mpTable[place] = entry;
+    for (; sText* known = mpTable[place].text; place = (place + 1) & (mCapacity - 1))
+        if (mpTable[place].tail == tail && known->length == length &&
+            (length <= 8 || std::memcmp(known->c_str(), text, length) == 0))
+            return known;
+    sText* added = add(text, length, hash);
+    mSize += added != nullptr;
+    mpTable[place] = {tail, added};
+    return added;
 }
 
 AutoString XmlTextPool::getString(const char* text)
@@ -88,31 +89,29 @@ AutoString XmlTextPool::getString(const char* text)
     return entry->string;
 }
 
-XmlTextPool::sText* XmlTextPool::add(const char* text, const sText& entry)
+XmlTextPool::sText* XmlTextPool::add(const char* text, unsigned int length, unsigned int hash)
 {
-    const std::size_t room = (std::size_t{entry.length} / sText::Block + 1) * sText::Block;
+    const std::size_t room = (std::size_t{length} / sText::Block + 1) * sText::Block;
     void* block = mArena.allocate(sizeof(sText) + room);
     if (!block)
         return nullptr;
-    sText* added = new (block) sText(entry);
-    added->isWord = XmlGrammar::isAll(text, XmlGrammar::Word);
-    added->isValue = XmlGrammar::isAll(text, XmlGrammar::Value);
-    std::memcpy(static_cast<char*>(block) + sizeof(sText), text, entry.length + 1);
-    return added;
+    std::memcpy(static_cast<char*>(block) + sizeof(sText), text, length + 1);
+    return new (block)
+        sText{hash, length, XmlGrammar::isAll(text, XmlGrammar::Word), XmlGrammar::isAll(text, XmlGrammar::Value), {}};
 }
 
 bool XmlTextPool::grow()
 {
     const unsigned int capacity = mCapacity ? mCapacity * 2 : FirstCapacity;
-    sText** table = new (std::nothrow) sText*[capacity]();
+    sSlot* table = new (std::nothrow) sSlot[capacity]();
     if (!table)
         return false;
     for (unsigned int i = 0; i < mCapacity; ++i)
     {
-        if (!mpTable[i])
+        if (!mpTable[i].text)
             continue;
-        unsigned int place = mpTable[i]->hash & (capacity - 1);
-        while (table[place])
+        unsigned int place = mpTable[i].text->hash & (capacity - 1);
+        while (table[place].text)
             place = (place + 1) & (capacity - 1);
         table[place] = mpTable[i];
     }

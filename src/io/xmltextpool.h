@@ -14,12 +14,11 @@ public:
     {
         static constexpr unsigned int Block = 16;
 
-        std::uint64_t tail; // of the text, see getTail()
         unsigned int hash;
         unsigned int length;
-        bool isWord = false;    // may name a tag or an attribute
-        bool isValue = false;   // may stand between the quotes of an attribute
-        AutoString string = {}; // made when first asked for
+        bool isWord;       // may name a tag or an attribute
+        bool isValue;      // may stand between the quotes of an attribute
+        AutoString string; // made when first asked for
 
         // Zero-terminated, in room for whole blocks, so that a short text can be copied by the block.
         const char* c_str() const { return reinterpret_cast<const char*>(this + 1); }
@@ -40,11 +39,17 @@ public:
     void clear();
 
 private:
-    sText* add(const char* text, const sText& entry);
+    struct sSlot
+    {
+        std::uint64_t tail; // of the text, see getTail(); it tells most texts apart without a look at them
+        sText* text;
+    };
+
+    sText* add(const char* text, unsigned int length, unsigned int hash);
     bool grow();
 
     XmlArena mArena;
-    sText** mpTable = nullptr;
+    sSlot* mpTable = nullptr;
     unsigned int mCapacity = 0; // a power of two
     unsigned int mSize = 0;
     bool mHasStrings = false;

@@ -84,7 +84,7 @@ private:
     TextStream* mpStream;
     unsigned int mDepth = 0;
     unsigned int mUsed = 0;
-    char mBuffer[16 * PageSize];
+    char mBuffer[32 * PageSize];
 };
 
 // The tag, what lies below it and all that follow it. A tree may be deeper than a stack, so there is no recursion.
