@@ -25,7 +25,7 @@ std::vector<sTexturedDeviceVertex> copyVertices(const sDrawCommand& command)
 }
 }
 
-HeadlessSystems::HeadlessSystems()
+void createDrawingSystems()
 {
     SystemManager* manager = SystemManager::getInstance();
     manager->addSystem(ResourceSystem::create());

@@ -18,11 +18,14 @@ struct sRecordedDraw
     std::vector<sTexturedDeviceVertex> vertices; // Without texture coordinates where the command has none.
 };
 
-// A headless application with the systems that loading and drawing need.
+// Adds the systems that loading and drawing need to the manager, ready to run.
+void createDrawingSystems();
+
+// A headless application with these systems.
 class HeadlessSystems : public HeadlessApplication
 {
 public:
-    HeadlessSystems();
+    HeadlessSystems() { createDrawingSystems(); }
 
     // The path of a file below the root; its content, which is empty if there is none.
     std::string getFile(const std::string& name) const { return getRoot() + "/" + name; }
