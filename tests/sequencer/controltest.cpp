@@ -4,71 +4,60 @@
 #include "reflection/objectproperty.h"
 #include "tests/support/values.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <string>
 
 namespace
 {
-template <typename T>
-using Limits = std::numeric_limits<T>;
+constexpr long long S64Maximum = std::numeric_limits<long long>::max();
+constexpr long long S64Minimum = std::numeric_limits<long long>::min();
 
 template <typename T>
-void expectRange(T minimum, T maximum)
+PropertyBase* makeProperty()
 {
-    T value{};
-    const PropertyControl control(new ReferenceProperty<T>("value", &value));
-    EXPECT_TRUE(control.getMinimum().get<T>() == minimum) << ValueTraits<T>::name;
-    EXPECT_TRUE(control.getMaximum().get<T>() == maximum) << ValueTraits<T>::name;
+    static T value{};
+    return new ReferenceProperty<T>("Attribute", &value);
 }
 
-// No value lies in it.
-template <typename T>
-void expectNoRange()
+// Limits are kept in the form of L, that of T but for types without limits of their own.
+template <typename T, typename L>
+void expectRange(L minimum, L maximum)
 {
-    T value{};
-    const PropertyControl control(new ReferenceProperty<T>("value", &value));
-    EXPECT_EQ(control.getMinimum().s64, Limits<long long>::max()) << ValueTraits<T>::name;
-    EXPECT_EQ(control.getMaximum().s64, Limits<long long>::min());
+    const PropertyControl control(makeProperty<T>());
+    EXPECT_TRUE(control.getMinimum().get<L>() == minimum) << ValueTraits<T>::name;
+    EXPECT_TRUE(control.getMaximum().get<L>() == maximum) << ValueTraits<T>::name;
 }
 }
 
 TEST(PropertyControl, KnowsTheRangeOfEachType)
 {
-    expectRange<signed char>(-128, 127);
-    expectRange<short>(-32768, 32767);
-    expectRange<unsigned char>(0, 255);
-    expectRange<unsigned short>(0, 65535);
-    expectRange<unsigned int>(0, 4294967295u);
-    expectRange<unsigned long long>(0, 18446744073709551615ull);
-    expectRange<float>(Limits<float>::lowest(), Limits<float>::max());
+    expectRange<signed char, signed char>(-128, 127);
+    expectRange<short, short>(-32768, 32767);
+    expectRange<unsigned char, unsigned char>(0, 255);
+    expectRange<unsigned short, unsigned short>(0, 65535);
+    expectRange<unsigned int>(0u, 4294967295u);
+    expectRange<unsigned long long>(0ull, 18446744073709551615ull);
+    expectRange<float>(-std::numeric_limits<float>::max(), std::numeric_limits<float>::max());
     expectRange<double>(-1.7976931348623157e308, 1.7976931348623157e308);
     expectRange<sFixed>(sFixed::Min, sFixed::Min);
     expectRange<int>(2147483647, -2147483647 - 1);
-    expectNoRange<bool>();
-    expectNoRange<long long>();
-    expectNoRange<sRect>();
-    expectNoRange<AutoString>();
+    expectRange<long long>(S64Maximum, S64Minimum);
+    expectRange<bool>(S64Maximum, S64Minimum);
+    expectRange<sRect>(S64Maximum, S64Minimum);
 }
 
 TEST(PropertyControl, SharesItsPropertyWithItsDuplicates)
 {
     const PropertyControl::sEnumInfo table[] = {{"Off", 0}, {"On", 5}};
-    unsigned int value = 0;
-    auto* property = new ReferenceProperty<unsigned int>("Attribute", &value);
+    PropertyBase* property = makeProperty<unsigned int>();
     property->addRef();
     {
         const PropertyControl control(property, table, 2);
         const std::unique_ptr<PropertyControl> copy(control.duplicate());
         EXPECT_EQ(property->getReferenceCount(), 3u);
-        EXPECT_EQ(copy->getProperty(), property);
         EXPECT_EQ(copy->getNameHash(), 3607898120u);
-        EXPECT_EQ(copy->getArrayNum(), 2u);
-        EXPECT_NE(copy->getEnumInfo(), control.getEnumInfo());
+        EXPECT_TRUE(copy->getArrayNum() == 2 && copy->getEnumInfo() != control.getEnumInfo() && !copy->getMaskInfo());
         EXPECT_STREQ(copy->getEnumInfo()[1].name, "On");
-        EXPECT_EQ(copy->getEnumInfo()[1].value, 5u);
-        EXPECT_EQ(copy->getMaskInfo(), nullptr);
         EXPECT_EQ(copy->getMaximum().u64, 0xFFFFFFFFu);
 
         copy->invalidate();
@@ -85,56 +74,43 @@ TEST(PropertyControl, SharesItsPropertyWithItsDuplicates)
 
 TEST(PropertyControl, KeepsGivenLimitsAndClass)
 {
-    unsigned short value = 0;
-    const PropertyControl control(new ReferenceProperty<unsigned short>("value", &value), 3, -4);
+    const PropertyControl control(makeProperty<unsigned short>(), 3, -4);
     EXPECT_EQ(control.getMinimum().s32, 3);
-    EXPECT_EQ(control.getMaximum().s32, -4);
-    EXPECT_EQ(control.getMaximum().u64, 0xFFFFFFFCu) << "the low bytes alone";
+    EXPECT_EQ(control.getMaximum().u64, 0xFFFFFFFCu) << "in the low bytes";
 
     ObjectList list;
     const PropertyControl object(new ObjectProperty("list", &list), ObjectList::getStaticTypeInfo());
     const std::unique_ptr<PropertyControl> copy(object.duplicate());
     EXPECT_EQ(copy->getObjectTypeInfo(), ObjectList::getStaticTypeInfo());
-    EXPECT_EQ(copy->getMinimum().s64, Limits<long long>::max());
+    EXPECT_EQ(copy->getMinimum().s64, S64Maximum);
 }
 
 TEST(PropertyControlDeathTest, StopsOnTypesItCannotLimit)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const PropertyControl::sMaskInfo mask[] = {{"Bit", 1}};
-    static float real = 0.0f;
-    const auto make = []
-    {
-        return new ReferenceProperty<float>("real", &real);
-    };
-    EXPECT_DEATH(PropertyControl(make(), mask, 1), "Invalid property type\\.");
-    EXPECT_DEATH(PropertyControl(make(), sFixed::Zero, sFixed::One), "Invalid property type\\.");
-    EXPECT_DEATH(PropertyControl(make(), ObjectList::getStaticTypeInfo()), "Invalid property type\\.");
-    static sPoint point(0, 0);
-    EXPECT_DEATH(PropertyControl(new ReferenceProperty<sPoint>("point", &point), 0, 1), "Invalid property type\\.");
+    EXPECT_DEATH(PropertyControl(makeProperty<float>(), mask, 1), "Invalid property type\\.");
+    EXPECT_DEATH(PropertyControl(makeProperty<float>(), sFixed::Zero, sFixed::One), "Invalid property type\\.");
+    EXPECT_DEATH(PropertyControl(makeProperty<int>(), ObjectList::getStaticTypeInfo()), "Invalid property type\\.");
+    EXPECT_DEATH(PropertyControl(makeProperty<sPoint>(), 0, 1), "Invalid property type\\.");
 }
 
 namespace
 {
 // What was called, as text.
-class TestTarget
+struct TestTarget
 {
-public:
-    void play() { mCalls += "play "; }
-    template <typename T>
-    void take(T value)
-    {
-        mCalls += std::to_string(static_cast<int>(value)) + " ";
-    }
+    void play() { calls += "play "; }
+    void seek(unsigned int frame) { calls += std::to_string(frame) + " "; }
 
-    std::string mCalls;
+    std::string calls;
 };
 }
 
 TEST(TriggerControl, CallsItsObjectWithTheArgument)
 {
     TestTarget target;
-    auto control = std::make_unique<TriggerControl<unsigned int>>("Seek", &target, &TestTarget::take<unsigned int>);
+    auto control = std::make_unique<TriggerControl<unsigned int>>("Seek", &target, &TestTarget::seek);
     const std::unique_ptr<TriggerControl<unsigned int>> copy(control->duplicate());
     EXPECT_EQ(copy->getName(), control->getName());
     EXPECT_EQ(copy->getNameHash(), 3150367409u);
@@ -142,30 +118,21 @@ TEST(TriggerControl, CallsItsObjectWithTheArgument)
     control->trigger(3);
     control.reset();
     copy->trigger(4);
-    EXPECT_EQ(target.mCalls, "3 4 ");
-
-    TriggerControl<void> plain("Play", &target, &TestTarget::play);
-    plain.trigger();
-    EXPECT_EQ(target.mCalls, "3 4 play ");
+    TriggerControl<void>("Play", &target, &TestTarget::play).trigger();
     TriggerControl<void>("Play", nullptr).trigger();
+    EXPECT_EQ(target.calls, "3 4 play ");
 }
 
 TEST(TriggerControl, NumbersItsArgumentTypes)
 {
-    const char* const names[] = {"bool", "u8", "u16", "u32", "u64", "s8", "s16", "s32", "s64", "f32", "f64", "fixed"};
-    for (unsigned int i = 0; i < std::size(names); ++i)
-    {
-        const auto check = [&]<typename T>()
-        {
-            if constexpr (!std::is_void_v<T>)
-            {
-                const TriggerControl<T> control("Trigger", nullptr);
-                EXPECT_EQ(control.getArgumentType(), 130 + i);
-                EXPECT_STREQ(ValueTraits<T>::name, names[i]);
-            }
-        };
-        EXPECT_TRUE(visitType<TriggerTraits>(TriggerTypes{}, 130 + i, check));
-    }
     EXPECT_EQ(TriggerControl<void>("Trigger", nullptr).getArgumentType(), 129u);
-    EXPECT_FALSE(visitType<TriggerTraits>(TriggerTypes{}, 142, []<typename T>() {}));
+    std::string names;
+    const auto addName = [&]<typename T>()
+    {
+        if constexpr (!std::is_void_v<T>)
+            names += std::string(ValueTraits<T>::name) + " ";
+    };
+    for (unsigned int type = 130; type < 150; ++type)
+        visitType<TriggerTraits>(TriggerTypes{}, type, addName);
+    EXPECT_EQ(names, "bool u8 u16 u32 u64 s8 s16 s32 s64 f32 f64 fixed ");
 }
