@@ -60,44 +60,36 @@ protected:
     ~ObjectListTest() override { EXPECT_EQ(sLive, 0); }
 };
 
-TEST_F(ObjectListTest, DeletesNothingWithStableContents)
+TEST_F(ObjectListTest, OwnsUnstableContentsOnly)
 {
-    TestList list(true);
-    list.setObject(list.mLast);
-    EXPECT_EQ(list.numbers(), "303");
-    list.setCount(2);
-    EXPECT_EQ(list.numbers(), "00");
-    EXPECT_EQ(sLive, 2);
-    delete list.mFirst;
-    delete list.mLast;
-}
+    TestList stable(true);
+    stable.setObject(stable.mLast);
+    EXPECT_EQ(stable.numbers(), "303");
+    stable.setCount(2);
+    EXPECT_EQ(stable.numbers(), "00");
+    delete stable.mFirst;
+    delete stable.mLast;
 
-TEST_F(ObjectListTest, OwnsUnstableContents)
-{
-    TestList list(false);
-    list.setObject(list.mFirst);
-    EXPECT_EQ(list.getObject(), list.mFirst) << "setting what is there already";
-    list.setObject(new TestItem(2));
-    EXPECT_EQ(list.numbers(), "203");
+    TestList owning(false);
+    owning.setObject(owning.mFirst);
+    EXPECT_EQ(owning.getObject(), owning.mFirst) << "setting what is there already";
+    owning.setObject(new TestItem(2));
+    EXPECT_EQ(owning.numbers(), "203");
     EXPECT_EQ(sLive, 2) << "the old one is gone";
-
-    list.remove(list.mLast);
-    EXPECT_EQ(sLive, 2) << "the caller's now";
-    delete list.mLast;
-    list.setCount(2);
-    EXPECT_EQ(list.numbers(), "00");
+    owning.remove(owning.mLast);
+    delete owning.mLast;
+    owning.setCount(2);
     EXPECT_EQ(sLive, 0);
-    list.addLast(new TestItem);
+    owning.addLast(new TestItem);
 }
 
 TEST_F(ObjectListTest, ComesBackWithItsGaps)
 {
     TestList source(false);
     const std::string document = save(source);
-    EXPECT_EQ(save(source), document);
-    EXPECT_NE(document.find(quoted("<ObjectList typeinfo='ObjectList' id='1' list_count='3' stable='true' >\n"
-                                   "\t<element0 typeinfo='TestItem' id='2' stable='false' >")),
-              std::string::npos);
+    const char* const head = "<ObjectList typeinfo='ObjectList' id='1' list_count='3' stable='true' >\n"
+                             "\t<element0 typeinfo='TestItem' id='2' stable='false' >";
+    EXPECT_NE(document.find(quoted(head)), std::string::npos);
     EXPECT_EQ(document.find("element1"), std::string::npos) << "a null has no tag";
 
     TestList target(false);
@@ -111,10 +103,8 @@ TEST_F(ObjectListTest, StableContentsAreNeverReadBack)
     TestList list(true);
     const std::string document = save(list);
     list.mFirst->mNumber = 5;
-    EXPECT_EQ(load(list, document), "TypeID mismatch.\nTypeID mismatch.\n");
-    EXPECT_EQ(list.numbers(), "503");
-    EXPECT_EQ(list.load("list_count='3'", "<element0 /><element1 id='1' />"),
-              "element0 id not found.\nContent is NULL.\n");
+    EXPECT_EQ(load(list, document) + list.numbers(), "TypeID mismatch.\nTypeID mismatch.\n503");
+    EXPECT_EQ(list.load("list_count='3'", "<element1 />"), "element1 id not found.\nContent is NULL.\n");
     EXPECT_EQ(list.load("list_count='2'", ""), "Object count mismatch.\n");
     delete list.mFirst;
     delete list.mLast;
@@ -130,16 +120,10 @@ TEST_F(ObjectListTest, ToleratesHostileDocuments)
         const char* numbers;
     } rows[] = {
         {"", "", "count not found.\n", ""},
-        {"list_count='x'", "", "count not found.\n", ""},
         {"list_count='-2'", "", "count not found.\n", ""},
         {"list_count='65536'", "", "count not found.\n", ""},
-        {"list_count='99999999999999999999'", "", "count not found.\n", ""},
-        {"list_count='2'", "<element0 typeinfo='TestItem' />", "element0 id not found.\n", "00"},
         {"list_count='1'", "<element0 typeinfo='TestItem' id='0' />", "element0 id not found.\n", "0"},
-        {"list_count='1'", "<element0 typeinfo='Nobody' id='1' />", "typeinfo not found.\n", "0"},
-        {"list_count='1'", "<element0 id='1' />", "typeinfo not found.\n", "0"},
         {"list_count='1'", "<element0 typeinfo='System' id='1' />", "typeinfo not found.\n", "0"},
-        {"list_count='1'", "<element2 typeinfo='TestItem' id='1' />", "", "0"},
     };
     for (const auto& row : rows)
     {
@@ -151,16 +135,12 @@ TEST_F(ObjectListTest, ToleratesHostileDocuments)
 
 TEST_F(ObjectListTest, KnownElementsAreNotFilledTwice)
 {
-    const std::string first =
-        "<element0 typeinfo='TestItem' id='1' ><number type='s32' count='0' value='4' /></element0>";
+    const std::string number = "<number type='s32' count='0' value='4' />";
+    const std::string first = "<element0 typeinfo='TestItem' id='1' >" + number + "</element0>";
     TestList list(false);
     EXPECT_EQ(list.load("list_count='2'", first + "<element1 id='1' />"), "Property number not found.\n");
-    EXPECT_EQ(list.numbers(), "44");
     list.remove(list.begin());
-
-    EXPECT_EQ(
-        list.load("list_count='2'", first + "<element1 id='1' ><number type='s32' count='0' value='5' /></element1>"),
-        "");
+    EXPECT_EQ(list.load("list_count='2'", first + "<element1 id='1' ><number /></element1>"), "");
     EXPECT_EQ(list.numbers(), "44");
     list.remove(list.begin());
 }
@@ -170,11 +150,7 @@ TEST_F(ObjectListTest, ShowsItsElementsAsProperties)
     TestList list(false);
     PropertyList properties;
     list.makePropertyList(properties);
-    std::string names;
-    for (PropertyBase* property : properties)
-        names += std::string(property->getName()) + ",";
-    EXPECT_EQ(names, "count,stable contents,index,member,index,member,index,member,");
-
+    EXPECT_EQ(properties.size(), 2u + 2 * 3);
     properties.find("index", 8)->setByType(2u);
     EXPECT_EQ(properties.find("member", 21)->getByType<ObjectBase*>(), list.mLast);
     properties.find("count", 8)->setByType(5u);

@@ -13,15 +13,11 @@ public:
     void makePropertyList(PropertyList& list) override
     {
         list.addReference("u32", mInteger);
-        list.addReference("flag", mFlag);
         list.addReference("text", mText);
-        list.addReference("point", mPoint);
     }
 
     unsigned int mInteger = 0;
-    bool mFlag = false;
     AutoString mText;
-    sPoint mPoint{0, 0};
 };
 
 class TestOwner : public ObjectBase
@@ -34,20 +30,9 @@ public:
         list.add(new ResourceProperty("resource", &mpResource));
     }
 
-    ObjectBase* getReference() const { return mpReference; }
-    void setReference(ObjectBase* object) { mpReference = static_cast<TestPart*>(object); }
-
-    ResourceBase* getResource() const { return mpResource; }
-    void setResource(ResourceBase* resource)
-    {
-        mpResource = resource;
-        ++mSets;
-    }
-
     TestPart mPart;
     TestPart* mpReference = nullptr;
     ResourceBase* mpResource = nullptr;
-    int mSets = 0;
 };
 
 class TestResource : public ResourceBase
@@ -71,36 +56,25 @@ TEST(ObjectProperty, CopiesIntoAPartAndRebindsAReference)
     TestPart bound;
     owner.mpReference = &bound;
     ObjectProperty("stable", &owner.mpReference, true).setByType<ObjectBase*>(&other);
-    EXPECT_EQ(owner.mpReference, &bound);
-    EXPECT_EQ(bound.mInteger, 5u);
+    EXPECT_TRUE(owner.mpReference == &bound && bound.mInteger == 5);
 
     ObjectProperty reference("reference", &owner.mpReference, false);
-    EXPECT_STREQ(reference.getString(nullptr, 0), "ObjectBase");
     reference.setByType<ObjectBase*>(nullptr);
-    EXPECT_EQ(reference.getByType<ObjectBase*>(), nullptr);
     EXPECT_STREQ(reference.getString(nullptr, 0), "null");
-
-    IndirectObjectProperty indirect("indirect", nullptr, &owner, &TestOwner::getReference, &TestOwner::setReference, 2);
-    indirect.setIndex(1);
-    indirect.set(&other, 1);
-    EXPECT_TRUE(indirect.getIndex() == 0 && owner.mpReference == &other && !indirect.isStableObject());
 }
 
 TEST(ObjectBase, CopiesIntegersAndObjectsOnly)
 {
     TestOwner source;
     source.mPart.mInteger = 0x80000000;
-    source.mPart.mFlag = true;
     source.mPart.mText = "text";
-    source.mPart.mPoint = sPoint(1, 2);
     source.mpReference = &source.mPart;
 
     TestOwner target;
     target.copyProperties(&source);
     EXPECT_EQ(target.mPart.mInteger, 0x80000000);
     EXPECT_EQ(target.mpReference, &source.mPart) << "rebound";
-    EXPECT_FALSE(target.mPart.mFlag || target.mPart.mText);
-    EXPECT_EQ(target.mPart.mPoint, sPoint::Zero);
+    EXPECT_FALSE(target.mPart.mText);
 }
 
 TEST(ResourceProperty, OwnsOneReference)
@@ -118,11 +92,6 @@ TEST(ResourceProperty, OwnsOneReference)
     EXPECT_EQ(property.getByType<ResourceBase*>(), second);
     property.setByType<ResourceBase*>(nullptr);
     EXPECT_TRUE(first->getReferenceCount() == 1 && second->getReferenceCount() == 1);
-
-    IndirectResourceProperty indirect("resource", &owner, &TestOwner::getResource, &TestOwner::setResource);
-    indirect.set(first, 0);
-    indirect.set(first, 0);
-    EXPECT_EQ(owner.mSets, 1) << "setting what is there already";
     first->release();
     second->release();
 }
@@ -132,27 +101,23 @@ TEST(ResourceProperty, WritesALogicalNameIfItCanBeFoundAgain)
     const struct
     {
         const char* path;
-        const char* name;
+        const char* written;
     } rows[] = {
-        {"intermediate/walk.test.xml", "walk"},
-        {"native/v1.2/walk.test.xml", "v1.2/walk"},
-        {"native/walk.tex", "walk.tex"},
-        {"newfile", nullptr},
-        {"intermediate/", nullptr},
-        {"intermediate/a b.test.xml", nullptr},
-        {nullptr, nullptr},
+        {"intermediate/walk.test.xml", "typeinfo='ResourceBase' path='walk' />"},
+        {"native/v1.2/walk.test.xml", "typeinfo='ResourceBase' path='v1.2/walk' />"},
+        {"newfile", "/>"},
+        {"intermediate/", "/>"},
+        {"intermediate/a b.test.xml", "/>"},
+        {nullptr, "/>"},
     };
     for (const auto& row : rows)
     {
         TestOwner owner;
         owner.mpResource = new TestResource;
-        if (row.path)
-            owner.mpResource->setPath(row.path);
-
-        TraceCapture traces;
-        const std::string name = row.name ? std::string("typeinfo='ResourceBase' path='") + row.name + "' " : "";
-        EXPECT_NE(save(owner).find(quoted("count='0' index='0' " + name + "/>\n</")), std::string::npos) << row.path;
-        EXPECT_EQ(traces.take().empty(), row.name != nullptr) << row.path;
+        owner.mpResource->setPath(row.path);
+        EXPECT_NE(save(owner).find(quoted(std::string("count='0' index='0' ") + row.written + "\n</")),
+                  std::string::npos)
+            << row.path;
         owner.mpResource->release();
     }
 }

@@ -1,7 +1,5 @@
 #include "sequencer/control.h"
 
-#include "reflection/objectlist.h"
-#include "reflection/objectproperty.h"
 #include "tests/support/values.h"
 
 #include <limits>
@@ -32,17 +30,13 @@ void expectRange(L minimum, L maximum)
 TEST(PropertyControl, KnowsTheRangeOfEachType)
 {
     expectRange<signed char, signed char>(-128, 127);
-    expectRange<short, short>(-32768, 32767);
     expectRange<unsigned char, unsigned char>(0, 255);
-    expectRange<unsigned short, unsigned short>(0, 65535);
-    expectRange<unsigned int>(0u, 4294967295u);
     expectRange<unsigned long long>(0ull, 18446744073709551615ull);
     expectRange<float>(-std::numeric_limits<float>::max(), std::numeric_limits<float>::max());
     expectRange<double>(-1.7976931348623157e308, 1.7976931348623157e308);
     expectRange<sFixed>(sFixed::Min, sFixed::Min);
     expectRange<int>(2147483647, -2147483647 - 1);
     expectRange<long long>(S64Maximum, S64Minimum);
-    expectRange<bool>(S64Maximum, S64Minimum);
     expectRange<sRect>(S64Maximum, S64Minimum);
 }
 
@@ -62,27 +56,14 @@ TEST(PropertyControl, SharesItsPropertyWithItsDuplicates)
 
         copy->invalidate();
         EXPECT_EQ(copy->getType(), ControlBase::eControlType::Invalid);
-        EXPECT_EQ(control.getType(), ControlBase::eControlType::Property);
     }
     EXPECT_EQ(property->getReferenceCount(), 1u);
     property->release();
+    EXPECT_EQ(PropertyControl(nullptr).getNameHash(), 0xFFFFFFFFu);
 
-    const PropertyControl nameless(nullptr);
-    EXPECT_EQ(nameless.getName(), nullptr);
-    EXPECT_EQ(nameless.getNameHash(), 0xFFFFFFFFu);
-}
-
-TEST(PropertyControl, KeepsGivenLimitsAndClass)
-{
-    const PropertyControl control(makeProperty<unsigned short>(), 3, -4);
-    EXPECT_EQ(control.getMinimum().s32, 3);
-    EXPECT_EQ(control.getMaximum().u64, 0xFFFFFFFCu) << "in the low bytes";
-
-    ObjectList list;
-    const PropertyControl object(new ObjectProperty("list", &list), ObjectList::getStaticTypeInfo());
-    const std::unique_ptr<PropertyControl> copy(object.duplicate());
-    EXPECT_EQ(copy->getObjectTypeInfo(), ObjectList::getStaticTypeInfo());
-    EXPECT_EQ(copy->getMinimum().s64, S64Maximum);
+    const PropertyControl limited(makeProperty<unsigned short>(), 3, -4);
+    EXPECT_EQ(limited.getMinimum().s32, 3);
+    EXPECT_EQ(limited.getMaximum().u64, 0xFFFFFFFCu) << "in the low bytes";
 }
 
 TEST(PropertyControlDeathTest, StopsOnTypesItCannotLimit)
@@ -90,8 +71,6 @@ TEST(PropertyControlDeathTest, StopsOnTypesItCannotLimit)
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const PropertyControl::sMaskInfo mask[] = {{"Bit", 1}};
     EXPECT_DEATH(PropertyControl(makeProperty<float>(), mask, 1), "Invalid property type\\.");
-    EXPECT_DEATH(PropertyControl(makeProperty<float>(), sFixed::Zero, sFixed::One), "Invalid property type\\.");
-    EXPECT_DEATH(PropertyControl(makeProperty<int>(), ObjectList::getStaticTypeInfo()), "Invalid property type\\.");
     EXPECT_DEATH(PropertyControl(makeProperty<sPoint>(), 0, 1), "Invalid property type\\.");
 }
 
@@ -112,9 +91,7 @@ TEST(TriggerControl, CallsItsObjectWithTheArgument)
     TestTarget target;
     auto control = std::make_unique<TriggerControl<unsigned int>>("Seek", &target, &TestTarget::seek);
     const std::unique_ptr<TriggerControl<unsigned int>> copy(control->duplicate());
-    EXPECT_EQ(copy->getName(), control->getName());
     EXPECT_EQ(copy->getNameHash(), 3150367409u);
-    EXPECT_EQ(copy->getType(), ControlBase::eControlType::Trigger);
     control->trigger(3);
     control.reset();
     copy->trigger(4);
