@@ -212,12 +212,18 @@ protected:
 
 private:
     void setStatus(unsigned int bit, bool on, void (UIBase::*hook)());
-    void setVisible(bool visible, void (UIBase::*hook)());
+    void callGuarded(unsigned int bit, void (UIBase::*hook)());
     void updateFloatingStatus();
     bool dispatch(const UIMessage& message);
     bool paint(UIPainter* painter);
-    void beginDrag(const sPoint& position, unsigned int button);
-    void moveDrag(const sPoint& position);
+    void moveMouse(const sPoint& position);
+    void release(const UIMouseUpMessage& message);
+
+    template <typename Message>
+    void receive(const Message& message, void (UIBase::*hook)(unsigned int, unsigned int));
+
+    template <typename Message>
+    void press(const Message& message, void (UIBase::*hook)(const sPoint&, unsigned int));
 
     UIBase* mParent = nullptr;
     List<UIBase> mChildren;

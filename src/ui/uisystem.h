@@ -64,7 +64,7 @@ public:
     void notifyInvalidate(UIBase* element);
 
     // The size of the application's window, from the origin.
-    sRect getUIViewRect() const;
+    static sRect getUIViewRect();
 
     // The key code of a keyboard usage, 0 for none and for modifiers. Above 255 asserts, but for 0xFFFFFFFF.
     unsigned int transferKeyCode(unsigned int usage) const;
