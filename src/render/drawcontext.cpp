@@ -31,9 +31,9 @@ constexpr DrawContext::Context NoState = {
     nullptr,
     static_cast<eTextureFiltering>(2),
     static_cast<eTextureCombineMode>(2),
-    sRect::Zero,
-    sRect::Zero,
-    sRect::Zero,
+    sRect(0, 0, 0, 0),
+    sRect(0, 0, 0, 0),
+    sRect(0, 0, 0, 0),
 };
 
 unsigned int getSourceStride(eVertexDecl declaration)

@@ -4,6 +4,7 @@
 #include "io/xmlwriter.h"
 #include "reflection/objectbase.h"
 #include "tests/support/memorytextstream.h"
+#include "tests/support/plainxmlreader.h"
 #include "tests/support/temporarydirectory.h"
 #include "tests/support/tracecapture.h"
 
@@ -34,93 +35,6 @@ void parse(const std::string& text)
     XmlReader reader;
     reader.parse(&stream);
 }
-
-// The grammar once more, a character at a time.
-class PlainReader
-{
-public:
-    explicit PlainReader(const std::string& text) : mStream(text) {}
-
-    // Empty, or the fault.
-    std::string readAll()
-    {
-        std::vector<std::string> open;
-        while (next() != -1)
-        {
-            if (mLast != '<')
-                continue;
-            if (next() == '?')
-            {
-                while (next() != '>' && mLast != -1)
-                    ;
-                continue;
-            }
-            const bool isEnd = mLast == '/';
-            if (!isEnd)
-                back();
-            const std::string name = getRun("");
-            const std::string fault = name.empty() ? "Invalid tag." : isEnd ? "" : readTag();
-            if (!fault.empty())
-                return fault;
-            if (isEnd && (open.empty() || open.back() != name))
-                return "Invalid end tag.";
-            if (isEnd)
-                open.pop_back();
-            else if (open.size() == 256)
-                return "Invalid tag.";
-            else if (!mEmpty)
-                open.push_back(name);
-        }
-        return open.empty() ? "" : "Unclosed tag exists.";
-    }
-
-private:
-    std::string readTag()
-    {
-        while (!getRun("").empty())
-        {
-            if (nextSolid() != '=' || nextSolid() != '"')
-                return "Invalid attribute format.";
-            if (getRun("+-<>./").empty())
-                return "Invalid attribute value.";
-            if (next() != '"')
-                return "Invalid attribute format.";
-        }
-        while (next() != '/' && mLast != '>' && mLast != -1)
-            ;
-        mEmpty = mLast == '/';
-        return (mEmpty ? next() : mLast) == '>' ? "" : "Invalid tag.";
-    }
-
-    std::string getRun(const std::string& more)
-    {
-        std::string run;
-        for (nextSolid(); mLast > 0 && (isalnum(mLast) || ("_" + more).find(static_cast<char>(mLast)) < 9); next())
-            run += static_cast<char>(mLast);
-        if (mLast != ' ' && mLast != '\t' && mLast != '\n')
-            back();
-        return run;
-    }
-
-    int nextSolid()
-    {
-        while (next() == ' ' || mLast == '\t' || mLast == '\n' || mLast == 0)
-            ;
-        return mLast;
-    }
-
-    int next() { return mLast = mLast == -1 ? -1 : mStream.getChar(); }
-
-    void back()
-    {
-        if (mLast != -1)
-            mStream.backforward();
-    }
-
-    MemoryTextStream mStream;
-    int mLast = 0;
-    bool mEmpty = false;
-};
 
 struct sRow
 {
@@ -168,7 +82,7 @@ TEST(XmlReaderTest, KeepsToItsGrammar)
 {
     for (const sRow& row : Grammar)
     {
-        EXPECT_EQ(PlainReader(row.text).readAll(), row.fault) << row.text;
+        EXPECT_EQ(PlainXmlReader(row.text).readAll(), row.fault) << row.text;
         const std::string trace = findFault(row.text);
         EXPECT_EQ(trace.substr(0, 12 + row.fault.size()), row.fault.empty() ? "" : "XmlReader : " + row.fault)
             << row.text;
@@ -209,7 +123,7 @@ TEST(XmlReaderTest, AgreesWithTheGrammarOnDamagedDocuments)
             else
                 text.erase(place, random() % 40);
         }
-        const std::string fault = PlainReader(text).readAll();
+        const std::string fault = PlainXmlReader(text).readAll();
         MemoryTextStream stream(text);
         TraceCapture silence;
         ASSERT_EQ(XmlReader::isWellFormed(&stream), fault.empty()) << text << fault;

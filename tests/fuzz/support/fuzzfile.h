@@ -1,0 +1,65 @@
+#pragma once
+
+#include "application/systemmanager.h"
+#include "io/stream.h"
+#include "render/rendersystem.h"
+#include "resource/resourcebase.h"
+#include "tests/support/headlesssystems.h"
+
+#include <cstdlib>
+#include <memory>
+
+// What the fuzzers of loaders share: one headless application for the process, and files in its data directory.
+namespace fuzz
+{
+inline HeadlessSystems& getSystems()
+{
+    static HeadlessSystems systems;
+    return systems;
+}
+
+inline void require(bool condition)
+{
+    if (!condition)
+        abort();
+}
+
+struct sRelease
+{
+    void operator()(ResourceBase* resource) const { resource->release(); }
+};
+
+template <typename T>
+using Held = std::unique_ptr<T, sRelease>;
+
+// A resource of its class filled from that file, or null when it is refused.
+template <typename T, typename FileType>
+Held<T> load(const char* name)
+{
+    Held<T> resource(new T);
+    FileType stream(getSystems().getFile(name).c_str(), FileStream::Read);
+    if (stream.eof() || !resource->load(stream))
+        resource.reset();
+    return resource;
+}
+
+// The content of the file that a resource writes through one of its operations.
+template <typename FileType>
+Bytes write(ResourceBase& resource, bool (ResourceBase::*operation)(Stream&), const char* name)
+{
+    {
+        FileType stream(getSystems().getFile(name).c_str(), FileStream::Write);
+        require((resource.*operation)(stream));
+    }
+    return getSystems().read(name);
+}
+
+// A frame goes by, in which released textures disappear.
+inline void runFrame()
+{
+    SystemManager::getInstance()->preprocess();
+    SystemManager::getInstance()->update();
+    SystemManager::getInstance()->postprocess();
+    RenderSystem::getInstance()->executeCommand();
+}
+}
