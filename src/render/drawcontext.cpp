@@ -7,6 +7,9 @@
 #include "render/vertex.h"
 
 #include <algorithm>
+#include <type_traits>
+
+#include <emmintrin.h>
 
 namespace
 {
@@ -46,25 +49,29 @@ unsigned int getSourceStride(eVertexDecl declaration)
     return 0;
 }
 
-void formatPlain(sPlainDeviceVertex* destination, const sPlainVertex* source, unsigned int count, float offset)
+// A vertex at a time in one register: both kinds of source begin with x, y and colour, and so do both kinds of what
+// the library receives. The load of a plain one reaches over its end, and not over that of the heap.
+template <typename Destination, typename Source>
+void formatVertices(Destination* destination, const Source* source, unsigned int count, float offset)
 {
+    const __m128 scale = _mm_set1_ps(1.0f / 65536.0f);
+    const __m128 moved = _mm_set1_ps(offset);
     for (unsigned int i = 0; i < count; ++i)
     {
-        const float x = static_cast<float>(source[i].position.x) + offset;
-        const float y = static_cast<float>(source[i].position.y) + offset;
-        destination[i] = {x, y, 0.0f, source[i].color};
+        const __m128i words = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i));
+        const __m128 position = _mm_add_ps(_mm_mul_ps(_mm_cvtepi32_ps(words), scale), moved);
+        const __m128i color = _mm_slli_epi64(_mm_unpackhi_epi64(words, words), 32);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(destination + i),
+                         _mm_unpacklo_epi64(_mm_castps_si128(position), color));
+        if constexpr (std::is_same_v<Source, sTexturedVertex>)
+        {
+            destination[i].s = source[i].s;
+            destination[i].t = source[i].t;
+        }
     }
 }
 
-void formatTextured(sTexturedDeviceVertex* destination, const sTexturedVertex* source, unsigned int count)
-{
-    for (unsigned int i = 0; i < count; ++i)
-    {
-        const float x = static_cast<float>(source[i].position.x);
-        const float y = static_cast<float>(source[i].position.y);
-        destination[i] = {x, y, 0.0f, source[i].color, source[i].s, source[i].t};
-    }
-}
+static_assert(VertexHeapSize / sizeof(sPlainVertex) * sizeof(sPlainVertex) + 4 <= VertexHeapSize);
 }
 
 DrawContext::DrawContext(RenderSystem& system)
@@ -107,15 +114,13 @@ void DrawContext::setDrawLevel(unsigned int level, unsigned int subLevel)
 
 void DrawContext::setTexture(Texture* texture)
 {
-    change(mCurrent.texture, texture);
-    if (texture)
+    if (change(mCurrent.texture, texture) && texture)
         texture->protect(mSystem.getBuildFrame());
 }
 
 void DrawContext::setRenderTarget(Texture* target)
 {
-    change(mCurrent.renderTarget, target);
-    if (target)
+    if (change(mCurrent.renderTarget, target) && target)
         target->protect(mSystem.getBuildFrame());
 }
 
@@ -126,10 +131,21 @@ void* DrawContext::allocateVertices(ePrimitiveType type, unsigned int count)
         dev_assert("Undefined vertex declaration.", __FILE__, __LINE__);
 
     change(mCurrent.primitiveType, type);
-    if (mDirty || VertexHeapSize - mVertexAllocator.getUsedSize() < size)
-        flushVertices();
+    if (mDirty || mVertexFree < size)
+        startBatch(size);
+    void* vertices = mpVertexWrite;
+    mpVertexWrite += size;
+    mVertexFree -= size;
     mVertexNum += count;
-    return mVertexAllocator.allocate(static_cast<int>(size), 4);
+    return vertices;
+}
+
+// Takes the heap as a whole, so that vertices need no more than a sum. What does not fit trips the allocator.
+void DrawContext::startBatch(unsigned int size)
+{
+    flushVertices();
+    mVertexFree = std::max(size, VertexHeapSize);
+    mpVertexWrite = static_cast<unsigned char*>(mVertexAllocator.allocate(static_cast<int>(mVertexFree), 4));
 }
 
 void DrawContext::clear(const sRect& rect, sColor color)
@@ -168,6 +184,7 @@ void DrawContext::flushVertices()
     mFlushed = mCurrent;
     mFlushed.view = view;
     mVertexAllocator.clear();
+    mVertexFree = 0;
     mVertexNum = 0;
     mDirty = false;
 }
@@ -190,6 +207,7 @@ void DrawContext::setup()
                 nullptr, nullptr, eTextureFiltering::Linear, eTextureCombineMode::Modulate, window,
                 window,  window};
     mFlushed = NoState;
+    mVertexFree = 0;
     mVertexNum = 0;
     mDirty = true;
 }
@@ -247,9 +265,9 @@ void DrawContext::formatVertex(void* destination, const void* source, unsigned i
     // Points and lines are moved to the centres of pixels; what has a texture is never moved.
     const float offset = context.primitiveType < ePrimitiveType::Triangles ? 0.5f : 0.0f;
     if (context.vertexDecl == eVertexDecl::Plain)
-        formatPlain(static_cast<sPlainDeviceVertex*>(destination), static_cast<const sPlainVertex*>(source), count,
-                    offset);
+        formatVertices(static_cast<sPlainDeviceVertex*>(destination), static_cast<const sPlainVertex*>(source), count,
+                       offset);
     else
-        formatTextured(static_cast<sTexturedDeviceVertex*>(destination), static_cast<const sTexturedVertex*>(source),
-                       count);
+        formatVertices(static_cast<sTexturedDeviceVertex*>(destination), static_cast<const sTexturedVertex*>(source),
+                       count, 0.0f);
 }

@@ -88,15 +88,18 @@ public:
     void final();
 
 private:
+    // False if the value is there already.
     template <typename T>
-    void change(T& member, const T& value)
+    bool change(T& member, const T& value)
     {
         if (member == value)
-            return;
+            return false;
         member = value;
         mDirty = true;
+        return true;
     }
 
+    void startBatch(unsigned int size);
     void initCommandBuffer();
     void* allocateCommandBuffer(unsigned int size);
     void* allocateVertexMemory(unsigned int stride, unsigned int count);
@@ -110,6 +113,8 @@ private:
     unsigned char* mpBlockWrite = nullptr;
     Context mCurrent;
     Context mFlushed;
+    unsigned char* mpVertexWrite = nullptr;
+    unsigned int mVertexFree = 0;
     unsigned int mVertexNum = 0;
     bool mDirty = true;
     InstantAllocator mVertexAllocator;
