@@ -104,7 +104,7 @@ TEST(ResourceProperty, WritesALogicalNameIfItCanBeFoundAgain)
         const char* written;
     } rows[] = {
         {"intermediate/walk.test.xml", "typeinfo='ResourceBase' path='walk' />"},
-        {"native/v1.2/walk.test.xml", "typeinfo='ResourceBase' path='v1.2/walk' />"},
+        {"native/a.test.xml/walk.test.xml", "typeinfo='ResourceBase' path='a.test.xml/walk' />"},
         {"newfile", "/>"},
         {"intermediate/", "/>"},
         {"intermediate/a b.test.xml", "/>"},
