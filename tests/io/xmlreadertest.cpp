@@ -17,18 +17,6 @@
 
 namespace
 {
-// What a scan of the text traces; empty when it is well-formed.
-std::string findFault(const std::string& text)
-{
-    TraceCapture traces;
-    MemoryTextStream stream(text);
-    const bool wellFormed = XmlReader::isWellFormed(&stream);
-    EXPECT_EQ(stream.getRest(), text.size()) << "the stream stays where it was";
-    const std::string trace = traces.take();
-    EXPECT_EQ(wellFormed, trace.empty());
-    return trace;
-}
-
 void parse(const std::string& text)
 {
     MemoryTextStream stream(text);
@@ -45,8 +33,6 @@ struct sRow
 const sRow Grammar[] = {
     {"", ""},
     {"no tag at all", ""},
-    {"<a />", ""},
-    {"< a x = \"1\"/>", ""},
     {"<a\tx=\" +-<>./_9 \"\n>text</ a junk>", ""},
     {"<?anything <a ?>b ?><a/><?x", ""},
     {"<a></a<b></b", ""},
@@ -55,9 +41,7 @@ const sRow Grammar[] = {
     {"<a x=\"1\"y=\"2\"/>", ""},
     {"<a/>\xFF<broken", ""},
     {"<!-- c -->", "Invalid tag."},
-    {"<a/", "Invalid tag."},
     {"<", "Invalid tag."},
-    {"<a ", "Invalid tag."},
     {"<a b=\"1\"", "Invalid tag."},
     {"<a / >", "Invalid tag."},
     {"</>", "Invalid tag."},
@@ -67,35 +51,30 @@ const sRow Grammar[] = {
     {"<a x=\"1  \"/>", "Invalid attribute format."},
     {std::string("<a x=\"1\0\"/>", 11), "Invalid attribute format."},
     {"<a x=\"a:b\"/>", "Invalid attribute format."},
-    {"<a x=\"1\r\"/>", "Invalid attribute format."},
     {"<a x=\"\"/>", "Invalid attribute value."},
     {"<a x=\"\xC3\xA4\"/>", "Invalid attribute value."},
     {"<a></b>", "Invalid end tag."},
-    {"<a></aa>", "Invalid end tag."},
     {"</a>", "Invalid end tag."},
-    {"<a/></a>", "Invalid end tag."},
     {"<a><b/>", "Unclosed tag exists."},
     {"<a>\xFF</a>", "Unclosed tag exists."},
 };
 
 TEST(XmlReaderTest, KeepsToItsGrammar)
 {
+    std::map<std::string, std::string> faults;
     for (const sRow& row : Grammar)
     {
         EXPECT_EQ(PlainXmlReader(row.text).readAll(), row.fault) << row.text;
-        const std::string trace = findFault(row.text);
-        EXPECT_EQ(trace.substr(0, 12 + row.fault.size()), row.fault.empty() ? "" : "XmlReader : " + row.fault)
-            << row.text;
+        TraceCapture traces;
+        MemoryTextStream stream(row.text);
+        EXPECT_EQ(XmlReader::isWellFormed(&stream), row.fault.empty()) << row.text;
+        EXPECT_EQ(stream.getRest(), row.text.size()) << "the stream stays where it was";
+        const std::string trace = traces.take();
+        EXPECT_EQ(trace.substr(0, trace.find(" At byte")), row.fault.empty() ? "" : "XmlReader : " + row.fault);
+        faults[row.fault] = row.text;
         if (row.fault.empty())
             parse(row.text);
     }
-}
-
-TEST(XmlReaderTest, ParsingStopsOnEachFault)
-{
-    std::map<std::string, std::string> faults;
-    for (const sRow& row : Grammar)
-        faults[row.fault] = row.text;
     faults.erase("");
     EXPECT_EQ(faults.size(), 5u);
     for (const auto& [fault, text] : faults)
@@ -104,34 +83,24 @@ TEST(XmlReaderTest, ParsingStopsOnEachFault)
 
 TEST(XmlReaderTest, AgreesWithTheGrammarOnDamagedDocuments)
 {
-    const std::string document = "<?xml version=\"1.0\"?>\n\n<Root typeinfo=\"SequencerUniqueKey<sPoint>\" id=\"1\" >\n"
-                                 "\t<frame type=\"u16\" count=\"0\" index=\"0\" value=\"640\" />\n"
-                                 "\t<a_long_name_that_crosses_a_block_of_sixty_four_characters_for_sure x=\"-1.5\" >\n"
-                                 "\t\t<b />\n\t</a_long_name_that_crosses_a_block_of_sixty_four_characters_for_sure>\n"
-                                 "</Root>\n";
-    const std::string spice("<>/=\"? \t\n\0\r\xFF:aZ9_+", 20);
+    const std::string name = "a_name_that_crosses_a_block_of_sixty_four_characters_for_sure";
+    const std::string document =
+        "<?xml version=\"1.0\"?>\n\n<Root typeinfo=\"SequencerUniqueKey<sPoint>\" id=\"1\" >\n\t<" + name +
+        " x=\"-1.5\" >\n\t\t<b />\n\t</" + name + ">\n</Root>\n";
+    const std::string spice("<>/=\"? \t\n\0\r\xFF:aZ9_+", 18);
     std::mt19937 random(1);
     unsigned int accepted = 0;
+    TraceCapture silence;
     for (unsigned int i = 0; i < 20000; ++i)
     {
         std::string text = document;
         for (unsigned int j = random() % 3 + 1; j > 0; --j)
-        {
-            const std::size_t place = random() % text.size();
-            if (random() % 2)
-                text[place] = spice[random() % spice.size()];
-            else
-                text.erase(place, random() % 40);
-        }
-        const std::string fault = PlainXmlReader(text).readAll();
+            text.replace(random() % text.size(), random() % 2 ? 1 : random() % 40, 1, spice[random() % spice.size()]);
+        const bool expected = PlainXmlReader(text).readAll().empty();
         MemoryTextStream stream(text);
-        TraceCapture silence;
-        ASSERT_EQ(XmlReader::isWellFormed(&stream), fault.empty()) << text << fault;
-        if (!fault.empty())
-            continue;
-        ++accepted;
         XmlReader reader;
-        reader.parse(&stream);
+        ASSERT_EQ(reader.load(&stream), expected) << text;
+        accepted += expected;
     }
     EXPECT_GT(accepted, 1000u);
 }
@@ -195,20 +164,21 @@ TEST(XmlReaderTest, MakesWhatTheTagNames)
 TEST(XmlReaderTest, ThreeThousandKeysShareTheirTexts)
 {
     constexpr unsigned int KeyNum = 3000;
-    const char* const names[] = {"typeinfo", "id", "stable", "frame"};
-    const auto getValue = [](unsigned int key, unsigned int name) -> std::string
+    const auto getName = [](unsigned int key)
     {
-        const std::string values[] = {"SequencerUniqueKey<sPoint>", std::to_string(key + 1), "false",
-                                      std::to_string(key % 50)};
-        return values[name];
+        return "element" + std::to_string(key);
+    };
+    const auto getValue = [](unsigned int key, bool unique)
+    {
+        return std::to_string(unique ? key : key % 50);
     };
 
     XmlWriter writer("Root");
     for (unsigned int key = 0; key < KeyNum; ++key)
     {
-        writer.openTag(("element" + std::to_string(key)).c_str());
-        for (unsigned int name = 0; name < 4; ++name)
-            writer.addAttribute(names[name], getValue(key, name).c_str());
+        writer.openTag(getName(key).c_str());
+        for (bool unique : {false, true})
+            writer.addAttribute(unique ? "id" : "frame", getValue(key, unique).c_str());
         writer.closeTag();
     }
     MemoryTextStream stream;
@@ -217,20 +187,18 @@ TEST(XmlReaderTest, ThreeThousandKeysShareTheirTexts)
     XmlReader reader;
     ASSERT_TRUE(reader.load(&stream));
     ASSERT_TRUE(reader.openTag("Root"));
-    std::set<std::string> texts;
     std::set<const char*> buffers;
     for (unsigned int key = 0; key < KeyNum; ++key)
     {
-        ASSERT_TRUE(reader.openTag(("element" + std::to_string(key)).c_str()));
-        for (unsigned int name = 0; name < 4; ++name)
+        ASSERT_TRUE(reader.openTag(getName(key).c_str()));
+        for (bool unique : {false, true})
         {
-            const AutoString value = reader.getAttribute(names[name]);
-            ASSERT_EQ(value, getValue(key, name).c_str());
-            texts.insert(value.c_str());
+            const AutoString value = reader.getAttribute(unique ? "id" : "frame");
+            ASSERT_EQ(value, getValue(key, unique).c_str());
             buffers.insert(value.c_str());
         }
         reader.closeTag();
     }
-    EXPECT_EQ(buffers.size(), texts.size()) << "one buffer for each different text";
+    EXPECT_EQ(buffers.size(), KeyNum) << "one buffer for each different text";
 }
 }

@@ -66,49 +66,34 @@ TEST(XmlWriterTest, KnowsWhetherTheReaderWillTakeTheDocument)
     {
         const char* name;
         const char* value;
+        unsigned int depth;
         bool readable;
     };
-    for (const sRow& row : {sRow{"name_1", "Az09_+-<>./", true}, sRow{"name", "", false}, sRow{"name", nullptr, false},
-                            sRow{"name", "a b", false}, sRow{"name", "a:b", false}, sRow{"name", "\xC3\xA4", false},
-                            sRow{"a-b", "1", false}, sRow{"", "1", false}})
+    for (const sRow& row :
+         {sRow{"name_1", "Az09_+-<>./", 256, true}, sRow{"name", "1", 257, false}, sRow{"name", "", 2, false},
+          sRow{"name", nullptr, 2, false}, sRow{"name", "a b", 2, false}, sRow{"name", "a:b", 2, false},
+          sRow{"name", "\xC3\xA4", 2, false}, sRow{"a-b", "1", 2, false}, sRow{"", "1", 2, false}})
     {
         XmlWriter writer("Root");
-        writer.openTag("child");
+        for (unsigned int i = 1; i < row.depth; ++i)
+            writer.openTag("tag");
         writer.addAttribute(row.name, row.value);
-        writer.closeTag();
-        EXPECT_EQ(writer.isReadable(), row.readable) << row.name << " " << (row.value ? row.value : "null");
+        for (unsigned int i = 1; i < row.depth; ++i)
+            writer.closeTag();
+        EXPECT_EQ(writer.isReadable(), row.readable) << row.name << " " << row.depth;
         MemoryTextStream stream(print(writer));
-        EXPECT_TRUE(XmlReader::isWellFormed(&stream) || !row.readable);
+        EXPECT_TRUE(XmlReader::isWellFormed(&stream) == row.readable || !*row.name);
     }
     XmlWriter writer("no name");
     EXPECT_FALSE(writer.isReadable());
-}
-
-TEST(XmlWriterTest, ADocumentMayBe256TagsDeep)
-{
-    for (unsigned int depth : {256u, 257u, 100000u})
-    {
-        XmlWriter writer("tag");
-        for (unsigned int i = 1; i < depth; ++i)
-            writer.openTag("tag");
-        for (unsigned int i = 1; i < depth; ++i)
-            writer.closeTag();
-        EXPECT_EQ(writer.isReadable(), depth <= 256);
-        if (depth > 1000)
-            continue;
-        MemoryTextStream stream(print(writer));
-        EXPECT_EQ(XmlReader::isWellFormed(&stream), depth <= 256);
-    }
 }
 
 TEST(XmlWriterTest, NumbersObjectsInTheOrderInWhichTheyAppear)
 {
     XmlWriter writer("Root");
     std::vector<ObjectBase> objects(1000);
-    for (unsigned int i = 0; i < 1000; ++i)
-        EXPECT_EQ(writer.getIdentity(&objects[i * 7 % 1000]), i + 1);
-    for (unsigned int i = 0; i < 1000; ++i)
-        EXPECT_EQ(writer.getIdentity(&objects[i * 7 % 1000]), i + 1);
+    for (unsigned int i = 0; i < 2000; ++i)
+        EXPECT_EQ(writer.getIdentity(&objects[i * 7 % 1000]), i % 1000 + 1);
 
     EXPECT_EQ(writer.findObject(3), nullptr);
     writer.registerObject(&objects[0], 3);
