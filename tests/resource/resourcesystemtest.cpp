@@ -32,6 +32,7 @@ public:
 
     bool load(Stream& stream) override
     {
+        ++mLoadNum;
         char name[64] = {};
         TextFileStream& file = static_cast<TextFileStream&>(stream);
         file.read(name, sizeof(name) - 1);
@@ -43,6 +44,7 @@ public:
     const char* getExtension() const override { return "chain"; }
 
     ChainResource* mpNext = nullptr;
+    static inline int mLoadNum = 0;
 };
 
 // A native class whose source is a chain, which cannot be converted.
@@ -81,9 +83,13 @@ TEST_F(ResourceSystemTest, SharesWhatIsAskedForTwice)
 {
     mSystems.write("intermediate/a.tga", makeFile(sTga{}));
     TextureResourceTGA* first = create<TextureResourceTGA>("a");
+    {
+        TextureResourceTGA stranger;
+        stranger.setPath("intermediate/a.tga");
+    }
     TextureResourceTGA* second = create<TextureResourceTGA>("a");
     ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first, second);
+    EXPECT_EQ(first, second) << "a stranger of that name has not taken it out of the registry";
     EXPECT_EQ(first->getReferenceCount(), 2);
     EXPECT_EQ(first->getHash(), Utils::hash("intermediate/a.tga"));
     first->release();
@@ -158,10 +164,12 @@ TEST_F(ResourceSystemTest, RefusesAResourceInsideItsOwnLoad)
 {
     writeText("intermediate/a.chain", "b");
     writeText("intermediate/b.chain", "a");
+    ChainResource::mLoadNum = 0;
     TraceCapture trace;
     ChainResource* a = create<ChainResource>("a");
     EXPECT_NE(trace.take().find("Resource intermediate/a.chain loading fail.\n"), std::string::npos);
     ASSERT_NE(a, nullptr);
+    EXPECT_EQ(ChainResource::mLoadNum, 2);
     ASSERT_NE(a->mpNext, nullptr);
     EXPECT_EQ(a->mpNext->mpNext, nullptr);
     a->release();

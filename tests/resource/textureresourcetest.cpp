@@ -113,85 +113,33 @@ TEST_F(TextureResourceTest, ConvertsEachDepthOfABitmapInItsOwnWay)
 
 TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
 {
-    const auto tga = [this](const sTga& picture)
+    const auto expectTrace = [](bool loaded, TraceCapture& trace, const char* text)
     {
-        return loads<TextureResourceTGA>(makeFile(picture));
+        EXPECT_FALSE(loaded) << text;
+        EXPECT_NE(trace.take().find(text), std::string::npos) << text;
     };
-    const auto bmp = [this](const sBmp& picture)
-    {
-        return loads<TextureResourceBMP>(makeFile(picture));
+    const std::pair<const char*, sTga> tgas[] = {
+        {"TextureTGA : No support format.\n", {.type = 10}},
+        {"TextureTGA : Only support 32bits.\n", {.depth = 24}},
+        {"Size is not within 1 to 1024.\n", {.width = 0}},
+        {"Size is not within 1 to 1024.\n", {.height = 1025, .pixels = Bytes(1025 * 4)}},
+        {"TextureTGA : Pixels are missing.\n", {.width = 2}},
     };
-    const struct
-    {
-        const char* trace;
-        std::function<bool()> load;
-    } rows[] = {
-        {"TextureTGA : No support format.\n",
-         [&]
-         {
-             return tga({.type = 10});
-         }},
-        {"TextureTGA : Only support 32bits.\n",
-         [&]
-         {
-             return tga({.depth = 24});
-         }},
-        {"Size is not within 1 to 1024.\n",
-         [&]
-         {
-             return tga({.width = 0});
-         }},
-        {"Size is not within 1 to 1024.\n",
-         [&]
-         {
-             return tga({.height = 1025, .pixels = Bytes(1025 * 4)});
-         }},
-        {"TextureTGA : Pixels are missing.\n",
-         [&]
-         {
-             return tga({.width = 2});
-         }},
-        {"TextureResourceBMP : No bitmap.\n",
-         [&]
-         {
-             return bmp({.magic = 0x4142});
-         }},
-        {"TextureResourceBMP : Could not read compression bitmap.\n",
-         [&]
-         {
-             return bmp({.compression = 1});
-         }},
-        {"Size is not within 1 to 1024.\n",
-         [&]
-         {
-             return bmp({.width = -1});
-         }},
-        {"Size is not within 1 to 1024.\n",
-         [&]
-         {
-             return bmp({.height = -2147483647 - 1});
-         }},
-        {"TextureResourceBMP : Pixels are missing.\n",
-         [&]
-         {
-             return bmp({.width = 2});
-         }},
-        {"Size is not within 1 to 1024.\n",
-         [&]
-         {
-             return loads<TextureResource>(makeFile(sTex{.height = 0}));
-         }},
-        {"Texture : Pixels are missing.\n",
-         [&]
-         {
-             return loads<TextureResource>(makeFile(sTex{.width = 2}));
-         }},
-    };
-    for (const auto& row : rows)
+    for (const auto& [text, picture] : tgas)
     {
         TraceCapture trace;
-        EXPECT_FALSE(row.load());
-        EXPECT_NE(trace.take().find(row.trace), std::string::npos) << row.trace;
+        expectTrace(loads<TextureResourceTGA>(makeFile(picture)), trace, text);
+    }
+    const std::pair<const char*, sBmp> bmps[] = {
+        {"TextureResourceBMP : No bitmap.\n", {.magic = 0x4142}},
+        {"TextureResourceBMP : Could not read compression bitmap.\n", {.compression = 1}},
+        {"Size is not within 1 to 1024.\n", {.height = -2147483647 - 1}},
+        {"TextureResourceBMP : Pixels are missing.\n", {.width = 2}},
+    };
+    for (const auto& [text, picture] : bmps)
+    {
+        TraceCapture trace;
+        expectTrace(loads<TextureResourceBMP>(makeFile(picture)), trace, text);
     }
 }
 

@@ -65,8 +65,16 @@ TEST_F(ToolSystemTest, LeavesOutStringsWhoseFirstCharacterCrossesTheClip)
 
 TEST_F(ToolSystemTest, CutsWholeCharactersAtTheRight)
 {
-    // 30 pixels hold five characters; the sixth would end beyond them.
-    const std::vector<sTexturedDeviceVertex> vertices = drawString({10, 20}, "abcdefgh")[0].vertices;
+    // 30 pixels hold five characters; the sixth would end beyond them. What was drawn before must not show again.
+    const std::vector<sRecordedDraw> draws = mSystems.record(
+        [](DrawContext& context)
+        {
+            context.setVertexDecl(eVertexDecl::Textured);
+            ToolSystem::drawString(&context, {0, 0}, "xxxxxxxxxxxx", Size, sColor::Red, sRect::Max);
+            context.flushVertices();
+            ToolSystem::drawString(&context, {10, 20}, "abcdefgh", Size, sColor::Red, {10, 20, 40, 44});
+        });
+    const std::vector<sTexturedDeviceVertex>& vertices = draws.at(1).vertices;
     ASSERT_EQ(vertices.size(), 8u * 4) << "cut characters are part of the batch";
     EXPECT_EQ(vertices[4 * 4 + 3].x, 40);
     EXPECT_EQ(vertices[4 * 4 + 3].y, 32);
@@ -100,28 +108,26 @@ TEST_F(ToolSystemTest, HasDifferentUprightGlyphsAndBlanksForWhatIsNoCharacter)
 
 TEST_F(ToolSystemTest, GivesEachCornerItsColourAndTexel)
 {
-    const std::vector<sRecordedDraw> draws = mSystems.record(
-        [](DrawContext& context)
-        {
-            ToolSystem::drawRect(&context, {1, 2, 3, 4}, sColor::Red, sColor::Green, sColor::Blue, sColor::White);
-            context.setVertexDecl(eVertexDecl::Textured);
-            ToolSystem::drawRect(&context, {1, 2, 3, 4}, sColor::Red, sColor::Green, sColor::Blue, sColor::White,
-                                 {5, 6}, {7, 8});
-        });
-    ASSERT_EQ(draws.size(), 2u);
-    const sTexturedDeviceVertex corners[] = {{1, 2, 0, sColor::Red, 5, 6},
-                                             {3, 2, 0, sColor::Green, 7, 6},
-                                             {1, 4, 0, sColor::Blue, 5, 8},
-                                             {3, 4, 0, sColor::White, 7, 8}};
+    const std::vector<sTexturedDeviceVertex> vertices =
+        mSystems
+            .record(
+                [](DrawContext& context)
+                {
+                    context.setVertexDecl(eVertexDecl::Textured);
+                    ToolSystem::drawRect(&context, {1, 2, 3, 4}, sColor::Red, sColor::Green, sColor::Blue,
+                                         sColor::White, {5, 6}, {7, 8});
+                })
+            .at(0)
+            .vertices;
+    const sColor colors[] = {sColor::Red, sColor::Green, sColor::Blue, sColor::White};
     for (unsigned int i = 0; i < 4; ++i)
-        for (const sRecordedDraw& draw : draws)
-        {
-            EXPECT_EQ(draw.vertices[i].x, corners[i].x);
-            EXPECT_EQ(draw.vertices[i].y, corners[i].y);
-            EXPECT_EQ(draw.vertices[i].color, corners[i].color);
-            EXPECT_EQ(draw.vertices[i].s, &draw == &draws[1] ? corners[i].s : 0);
-            EXPECT_EQ(draw.vertices[i].t, &draw == &draws[1] ? corners[i].t : 0);
-        }
+    {
+        EXPECT_EQ(vertices[i].x, i % 2 ? 3 : 1);
+        EXPECT_EQ(vertices[i].y, i / 2 ? 4 : 2);
+        EXPECT_EQ(vertices[i].s, i % 2 ? 7 : 5);
+        EXPECT_EQ(vertices[i].t, i / 2 ? 8 : 6);
+        EXPECT_EQ(vertices[i].color, colors[i]);
+    }
 }
 
 TEST_F(ToolSystemTest, SetsUpItsOwnContextForEachPrimitive)

@@ -200,13 +200,9 @@ TEST_F(UIPainterTest, DrawsOnTheViewAndLevelOfTheInterface)
     EXPECT_EQ(draws[1].command.state.getFiltering(), eTextureFiltering::Linear);
     EXPECT_EQ(draws[2].command.key, 0x50000008u);
     EXPECT_EQ(draws[2].command.state.getVertexDecl(), eVertexDecl::Plain);
-}
 
-TEST_F(UIPainterTest, StopsOnStatesThatDoNotExist)
-{
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    EXPECT_DEATH(paint([](UIPainter& painter) { painter.setBlendMode(static_cast<eBlendMode>(4)); }),
-                 "Invalid blend mode.");
-    EXPECT_DEATH(paint([](UIPainter& painter) { painter.setTextureFiltering(static_cast<eTextureFiltering>(2)); }),
+    EXPECT_DEATH(paint([](UIPainter& painter) { painter.setBlendMode(eBlendMode(4)); }), "Invalid blend mode.");
+    EXPECT_DEATH(paint([](UIPainter& painter) { painter.setTextureFiltering(eTextureFiltering(2)); }),
                  "Invalid texture filtering.");
 }
