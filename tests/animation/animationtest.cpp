@@ -1,0 +1,186 @@
+#include "animation/animcell.h"
+#include "animation/animresource.h"
+#include "animation/animsequencer.h"
+#include "io/stream.h"
+#include "reflection/propertylist.h"
+#include "resource/resourcesystem.h"
+#include "resource/textureresource.h"
+#include "sequencer/control.h"
+#include "sequencer/sequenceruniquekey.h"
+#include "tests/support/countingallocator.h"
+#include "tests/support/headlesssystems.h"
+#include "tests/support/images.h"
+#include "tests/support/tracecapture.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+// Its properties by type, then its controls.
+std::string describe(ObjectBase& object)
+{
+    PropertyList properties;
+    List<ControlBase> controls;
+    object.makePropertyList(properties);
+    object.makeControlList(controls);
+    std::string text;
+    for (PropertyBase* property : properties)
+        text += property->getName() + std::string(":") + property->getTypeName() + " ";
+    text += "|";
+    for (ControlBase* control : controls)
+    {
+        text += std::string(" ") + control->getName();
+        delete control;
+    }
+    return text;
+}
+
+// A lane for a control of the track's class, with two keys.
+void addLane(SequencerResourceIntermediate& sequence, const char* track, const char* control, unsigned int frame,
+             unsigned int last)
+{
+    ObjectBase* sample = TypeInfo::find(sequence.findNativeTrack(track)->objectTypeID)->newInstance();
+    List<ControlBase> controls;
+    sample->makeControlList(controls);
+    for (ControlBase* candidate : controls)
+    {
+        if (AutoString::isEqual(candidate->getName(), control))
+            sequence.addLane(track, candidate);
+        delete candidate;
+    }
+    delete sample;
+    const bool resource = sequence.findNativeLane(track, control)->keyStride == 236;
+    for (unsigned int at : {frame, last})
+        sequence.addKey(track, control, at, resource ? eInterpolateType::Trigger : eInterpolateType::Linear);
+}
+}
+
+TEST(AnimCell, IsVisibleWhiteAndOfNoSizeAtFirst)
+{
+    AnimCell cell;
+    EXPECT_TRUE(cell.getPosition() == sPoint::Zero && cell.getUV() == sTexcoord::Zero && cell.getSize() == sSize::Zero);
+    EXPECT_EQ(cell.getColor(), sColor::White);
+    EXPECT_EQ(cell.getAttribute(), 1u);
+    EXPECT_EQ(describe(cell), "Position:point UV:texcoord Size:size Color:color Attribute:u32 "
+                              "| Position UV Size Color Attribute");
+}
+
+TEST(AnimSequencer, IsASequencerWithATransform)
+{
+    AnimSequencer sequencer;
+    EXPECT_EQ(sequencer.getColor(), sColor::White);
+    EXPECT_EQ(describe(sequencer), "Resource:Resource Position:point Color:color Orientation:s32 "
+                                   "| Resource Seek Play Stop Position Color Orientation");
+    EXPECT_EQ(TypeInfo::find("AnimSequencer")->getID(), 868366973u);
+}
+
+TEST(AnimPrimitive, LivesInTheMemoryOfItsFamily)
+{
+    static CountingAllocator allocator;
+    AnimPrimitive::setAllocator(&allocator);
+    ObjectBase* cell = TypeInfo::find("AnimCell")->newInstance();
+    EXPECT_EQ(allocator.getLastSize(), sizeof(AnimCell));
+    delete cell;
+    EXPECT_EQ(allocator.getLive(), 0);
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(AnimPrimitive::setAllocator(&allocator), "Allocator already set.");
+}
+
+class AnimResourceTest : public testing::Test
+{
+protected:
+    Bytes save(AnimResource& resource, const std::string& name) const
+    {
+        {
+            TextFileStream stream(mSystems.getFile(name).c_str(), FileStream::Write);
+            EXPECT_TRUE(resource.save(stream));
+        }
+        return mSystems.read(name);
+    }
+
+    HeadlessSystems mSystems;
+};
+
+TEST_F(AnimResourceTest, ComesBackFromItsDocumentWithItsTexture)
+{
+    mSystems.write("native/cells.tex", makeFile(sTex{}));
+    auto* texture = ResourceSystem::getInstance()->createResource<TextureResource>("cells");
+    {
+        AnimResource walk;
+        SequencerResource other;
+        walk.setTexture(texture);
+        walk.setTexture(&other);
+        EXPECT_TRUE(walk.getTexture() == nullptr && walk.getExtraSize() == 0) << "not a texture";
+        walk.setTexture(texture);
+        walk.setTexture(walk.getTexture());
+        EXPECT_EQ(texture->getReferenceCount(), 2);
+        EXPECT_TRUE(walk.isModified());
+        EXPECT_STREQ(reinterpret_cast<const char*>(walk.getExtraData()), "native/cells.tex");
+        EXPECT_EQ(walk.getExtraSize(), 17u);
+
+        walk.addTrack(AnimCell::getStaticTypeInfo(), "Cell");
+        for (const char* control : {"Position", "UV", "Size", "Color", "Attribute"})
+            addLane(walk, "Cell", control, 3, 60);
+        const sPoint position(-3, 4);
+        walk.setKeyParameter("Cell", "Position", 3, &position);
+        const Bytes first = save(walk, "intermediate/walk.asq.xml");
+
+        auto* read = ResourceSystem::getInstance()->createResource<AnimResource>("walk");
+        ASSERT_NE(read, nullptr);
+        EXPECT_EQ(read->getTexture(), texture);
+        EXPECT_FALSE(read->isModified()) << "the texture does not count as an edit";
+        EXPECT_EQ(*static_cast<sPoint*>(read->findKey("Cell", "Position", 3)->getParameter()), position);
+        EXPECT_EQ(save(*read, "intermediate/again.asq.xml"), first);
+        read->release();
+    }
+    EXPECT_EQ(texture->getReferenceCount(), 1);
+    texture->release();
+    EXPECT_EQ(SequencerResource().getExtraIntermediateType(0), AnimResource::getStaticTypeInfo());
+}
+
+TEST_F(AnimResourceTest, TakesOnlyCellsAndSequencersOnItsTracks)
+{
+    AnimResource resource;
+    for (const char* name : {"AnimCell", "AnimPrimitive", "Sequencer", "AnimSequencer", "SequencerTrack", "Texture"})
+        resource.addTrack(TypeInfo::find(name), name);
+    AnimSequencer sequencer;
+    TraceCapture trace;
+    sequencer.setResource(&resource);
+    for (unsigned int i = 0; i < 6; ++i)
+        EXPECT_EQ(sequencer.getTrackArray()[i].object != nullptr, i < 4) << i;
+    EXPECT_EQ(trace.take(), "No track may hold a SequencerTrack.\nNo track may hold a Texture.\n");
+}
+
+// A lane fetches a resource from its key's frame on, and not when the head passes that frame by.
+TEST_F(AnimResourceTest, IsFetchedByALaneOfAnother)
+{
+    AnimResource inner;
+    save(inner, "intermediate/inner.asq.xml");
+    auto* fetched = ResourceSystem::getInstance()->createResource<AnimResource>("inner");
+    ASSERT_NE(fetched, nullptr);
+    for (const auto& [delta, expected] : {std::pair(1.0f, "---+++"), std::pair(1.5f, "------")})
+    {
+        AnimResource outer;
+        outer.addTrack(AnimSequencer::getStaticTypeInfo(), "Inner");
+        addLane(outer, "Inner", "Resource", 0, 4);
+        auto* key = static_cast<SequencerUniqueKey<ResourceBase>*>(outer.findKey("Inner", "Resource", 4));
+        key->setResource(fetched);
+        outer.updateKeyParameter("Inner", "Resource", *key);
+        outer.clearUpdate();
+        EXPECT_TRUE(outer.isConsistent());
+
+        AnimSequencer sequencer;
+        sequencer.setResource(&outer);
+        sequencer.play();
+        std::string steps;
+        for (int step = 1; step <= 6; ++step)
+        {
+            sequencer.update(sFixed(delta));
+            const auto& nested = static_cast<Sequencer&>(*sequencer.getTrackArray()[0].object);
+            steps += nested.getResource() == fetched ? "+" : "-";
+        }
+        EXPECT_EQ(steps, expected);
+    }
+    EXPECT_EQ(fetched->getReferenceCount(), 1);
+    fetched->release();
+}
