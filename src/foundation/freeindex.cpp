@@ -50,6 +50,11 @@ std::uint64_t fitting(const std::int32_t* group, std::int32_t size)
     return static_cast<unsigned int>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
 }
 
+std::int32_t toGranules(unsigned int size)
+{
+    return static_cast<std::int32_t>(size / sHeapBlock::Granule);
+}
+
 std::int32_t largestOf(const std::int32_t* group)
 {
     std::int32_t largest = 0;
@@ -93,6 +98,9 @@ std::size_t FreeIndex::layOut(unsigned char* memory)
             break;
     }
 
+    // One word more, since a look for a block's end goes on into the next one.
+    mpEnds = reinterpret_cast<std::uint64_t*>(take((mBits[0].wordNum + 1) * sizeof(std::uint64_t)));
+
     mTreeLevelNum = 0;
     for (unsigned int groups = divideUp(mPageNum, Fan);; groups = divideUp(groups, Fan))
     {
@@ -102,44 +110,58 @@ std::size_t FreeIndex::layOut(unsigned char* memory)
     }
 }
 
+std::int32_t FreeIndex::headerSize(unsigned int granule) const
+{
+    return toGranules(mpHeap[granule].mSize);
+}
+
+// The size of a block without its header, read from the marks if the end is close.
 std::int32_t FreeIndex::sizeAt(unsigned int granule) const
 {
-    return static_cast<std::int32_t>(mpHeap[granule].mSize / sHeapBlock::Granule);
+    const std::uint64_t* ends = mpEnds + granule / WordBits;
+    const unsigned int bit = granule % WordBits;
+    if (const std::uint64_t near = ends[0] >> bit)
+        return static_cast<std::int32_t>(pickBit<true>(near));
+    if (ends[1])
+        return static_cast<std::int32_t>(WordBits - bit + pickBit<true>(ends[1]));
+    return headerSize(granule);
 }
 
-void FreeIndex::insert(unsigned int granule)
+void FreeIndex::insert(unsigned int granule, unsigned int size)
 {
-    unsigned int place = granule;
-    for (unsigned int level = 0; level < mBitLevelNum; ++level, place /= WordBits)
-    {
-        std::uint64_t& word = mBits[level].words[place / WordBits];
-        const bool known = word != 0;
-        word |= std::uint64_t(1) << place % WordBits;
-        if (known)
-            break;
-    }
-    raise(granule, sizeAt(granule));
+    mark(granule);
+    flipEnd(granule, toGranules(size));
+    raise(granule / PageGranules, toGranules(size));
 }
 
-void FreeIndex::remove(unsigned int granule)
+void FreeIndex::remove(unsigned int granule, unsigned int size)
 {
-    unsigned int place = granule;
-    for (unsigned int level = 0; level < mBitLevelNum; ++level, place /= WordBits)
-    {
-        std::uint64_t& word = mBits[level].words[place / WordBits];
-        word &= ~(std::uint64_t(1) << place % WordBits);
-        if (word)
-            break;
-    }
-    lower(granule, sizeAt(granule));
+    unmark(granule);
+    flipEnd(granule, toGranules(size));
+    lower(granule / PageGranules, toGranules(size));
 }
 
-void FreeIndex::resize(unsigned int granule, unsigned int oldSize)
+void FreeIndex::moveEnd(unsigned int granule, unsigned int oldSize, unsigned int size)
 {
-    if (mpHeap[granule].mSize > oldSize)
-        raise(granule, sizeAt(granule));
-    else
-        lower(granule, static_cast<std::int32_t>(oldSize / sHeapBlock::Granule));
+    flipEnd(granule, toGranules(oldSize));
+    flipEnd(granule, toGranules(size));
+    replace(granule / PageGranules, toGranules(oldSize), granule / PageGranules, toGranules(size));
+}
+
+void FreeIndex::moveStart(unsigned int from, unsigned int oldSize, unsigned int to, unsigned int size)
+{
+    unmark(from);
+    mark(to);
+    replace(from / PageGranules, toGranules(oldSize), to / PageGranules, toGranules(size));
+}
+
+// The end of the block behind becomes the end of both.
+void FreeIndex::join(unsigned int granule, unsigned int oldSize, unsigned int behind, unsigned int behindSize)
+{
+    unmark(behind);
+    flipEnd(granule, toGranules(oldSize));
+    const std::int32_t size = static_cast<std::int32_t>(behind - granule) + toGranules(behindSize);
+    replace(behind / PageGranules, toGranules(behindSize), granule / PageGranules, size);
 }
 
 void FreeIndex::clear()
@@ -150,6 +172,12 @@ void FreeIndex::clear()
 bool FreeIndex::contains(unsigned int granule) const
 {
     return mBits[0].words[granule / WordBits] >> granule % WordBits & 1;
+}
+
+bool FreeIndex::endsBefore(unsigned int granule) const
+{
+    const unsigned int last = granule - 1;
+    return granule != 0 && (mpEnds[last / WordBits] >> last % WordBits & 1);
 }
 
 unsigned int FreeIndex::findBefore(unsigned int granule) const
@@ -170,51 +198,90 @@ unsigned int FreeIndex::findBefore(unsigned int granule) const
 
 unsigned int FreeIndex::findLowest(unsigned int size) const
 {
-    return findInTree<true>(mTreeLevelNum - 1, 0, static_cast<std::int32_t>(size / sHeapBlock::Granule));
+    return findInTree<true>(mTreeLevelNum - 1, 0, toGranules(size));
 }
 
 unsigned int FreeIndex::findHighest(unsigned int size) const
 {
-    return findInTree<false>(mTreeLevelNum - 1, Fan - 1, static_cast<std::int32_t>(size / sHeapBlock::Granule));
+    return findInTree<false>(mTreeLevelNum - 1, Fan - 1, toGranules(size));
 }
 
 unsigned int FreeIndex::findAbove(unsigned int granule, unsigned int size) const
 {
-    return findBeyond<true>(granule, static_cast<std::int32_t>(size / sHeapBlock::Granule));
+    return findBeyond<true>(granule, toGranules(size));
 }
 
 unsigned int FreeIndex::findBelow(unsigned int granule, unsigned int size) const
 {
-    return findBeyond<false>(granule, static_cast<std::int32_t>(size / sHeapBlock::Granule));
+    return findBeyond<false>(granule, toGranules(size));
+}
+
+void FreeIndex::mark(unsigned int granule)
+{
+    for (unsigned int level = 0; level < mBitLevelNum; ++level, granule /= WordBits)
+    {
+        std::uint64_t& word = mBits[level].words[granule / WordBits];
+        const bool known = word != 0;
+        word |= std::uint64_t(1) << granule % WordBits;
+        if (known)
+            return;
+    }
+}
+
+void FreeIndex::unmark(unsigned int granule)
+{
+    for (unsigned int level = 0; level < mBitLevelNum; ++level, granule /= WordBits)
+    {
+        std::uint64_t& word = mBits[level].words[granule / WordBits];
+        word &= ~(std::uint64_t(1) << granule % WordBits);
+        if (word)
+            return;
+    }
+}
+
+// Sets or clears the mark of the last granule of a block, whose header counts as the first.
+void FreeIndex::flipEnd(unsigned int granule, std::int32_t size)
+{
+    const unsigned int last = granule + static_cast<unsigned int>(size);
+    mpEnds[last / WordBits] ^= std::uint64_t(1) << last % WordBits;
 }
 
 // A page's largest block has become at least `size`.
-void FreeIndex::raise(unsigned int granule, std::int32_t size)
+void FreeIndex::raise(unsigned int page, std::int32_t size)
 {
-    unsigned int node = granule / PageGranules;
+    unsigned int node = page;
     for (unsigned int level = 0; level < mTreeLevelNum && mTree[level].largest[node] < size; ++level, node /= Fan)
         mTree[level].largest[node] = size;
 }
 
-// A block of `oldSize` has shrunk or gone; each level is touched only while that was its largest.
-void FreeIndex::lower(unsigned int granule, std::int32_t oldSize)
+// A block of `oldSize` has shrunk or gone; a level is touched only while nothing else of that size is known to it. A
+// group is read before it is written, since a wide read of what was just written has to wait.
+void FreeIndex::lower(unsigned int page, std::int32_t oldSize)
 {
-    unsigned int node = granule / PageGranules;
-    if (mTree[0].largest[node] > oldSize)
+    if (mTree[0].largest[page] > oldSize)
+        return;
+    std::int32_t largest = measurePage(page, oldSize);
+    if (largest == oldSize)
         return;
 
-    std::int32_t largest = measurePage(node, oldSize);
-    for (unsigned int level = 0; largest < oldSize; ++level)
+    unsigned int node = page;
+    for (unsigned int level = 0; level < mTreeLevelNum; ++level, node /= Fan)
     {
-        mTree[level].largest[node] = largest;
-        if (level + 1 == mTreeLevelNum)
-            return;
-        const std::int32_t* group = mTree[level].largest + node / Fan * Fan;
-        node /= Fan;
-        if (mTree[level + 1].largest[node] > oldSize || fitting(group, oldSize))
+        std::int32_t* group = mTree[level].largest + node / Fan * Fan;
+        const bool shared = fitting(group, oldSize) & ~(std::uint64_t(1) << node % Fan);
+        group[node % Fan] = largest;
+        if (shared)
             return;
         largest = largestOf(group);
     }
+}
+
+// Of a page that has lost one block and got another, only the larger one matters.
+void FreeIndex::replace(unsigned int oldPage, std::int32_t oldSize, unsigned int page, std::int32_t size)
+{
+    raise(page, size);
+    if (oldPage != page || size < oldSize)
+        lower(oldPage, oldSize);
 }
 
 // The largest block that starts in the page; the search ends early at one of `enough`.
@@ -288,6 +355,11 @@ bool FreeIndex::isConsistent() const
     for (unsigned int level = 1; level < mBitLevelNum; ++level)
         for (unsigned int place = 0; place < mBits[level - 1].wordNum; ++place)
             if ((mBits[level].words[place / WordBits] >> place % WordBits & 1) != (mBits[level - 1].words[place] != 0))
+                return false;
+
+    for (unsigned int word = 0; word < mBits[0].wordNum; ++word)
+        for (std::uint64_t bits = mBits[0].words[word]; bits; bits &= bits - 1)
+            if (const unsigned int block = word * WordBits + pickBit<true>(bits); sizeAt(block) != headerSize(block))
                 return false;
 
     for (unsigned int page = 0; page < mPageNum; ++page)

@@ -22,9 +22,9 @@ struct sHeapBlock
 static_assert(sizeof(sHeapBlock) == sHeapBlock::Granule);
 
 // Answers what a walk over the free blocks of a heap would: the lowest or highest one that is large enough, and the one
-// in front of an address. A 64-way bitmap marks where free blocks start; a 16-way tree over pages of 4 KiB holds the
-// largest size among the blocks that start in each page. A block is named by its granule, the number of 32-byte steps
-// from the heap's start, and its size is read from its header. Not locked.
+// in front of an address. A 64-way bitmap marks where free blocks start, a plain one where they end; a 16-way tree over
+// pages of 4 KiB holds the largest size among the blocks that start in each page. A block is named by its granule, the
+// number of 32-byte steps from the heap's start. Its header is read only where the marks are far apart. Not locked.
 class FreeIndex
 {
 public:
@@ -37,15 +37,19 @@ public:
     FreeIndex(const FreeIndex&) = delete;
     FreeIndex& operator=(const FreeIndex&) = delete;
 
-    // The header already holds the block's size, a multiple of a granule.
-    void insert(unsigned int granule);
-    void remove(unsigned int granule);
+    // Sizes are in bytes, multiples of a granule, and those in the headers by the time of the call.
+    void insert(unsigned int granule, unsigned int size);
+    void remove(unsigned int granule, unsigned int size);
 
-    // A block in the index has changed its size from `oldSize` bytes to what its header holds.
-    void resize(unsigned int granule, unsigned int oldSize);
+    // The block's end or its start has moved, or it has grown over the block behind it.
+    void moveEnd(unsigned int granule, unsigned int oldSize, unsigned int size);
+    void moveStart(unsigned int from, unsigned int oldSize, unsigned int to, unsigned int size);
+    void join(unsigned int granule, unsigned int oldSize, unsigned int behind, unsigned int behindSize);
     void clear();
 
+    // Whether a block starts at the granule, and whether one ends in front of it.
     bool contains(unsigned int granule) const;
+    bool endsBefore(unsigned int granule) const;
 
     // The last block in front of `granule`, or None.
     unsigned int findBefore(unsigned int granule) const;
@@ -78,10 +82,15 @@ private:
     };
 
     std::size_t layOut(unsigned char* memory);
+    std::int32_t headerSize(unsigned int granule) const;
     std::int32_t sizeAt(unsigned int granule) const;
 
-    void raise(unsigned int granule, std::int32_t size);
-    void lower(unsigned int granule, std::int32_t oldSize);
+    void mark(unsigned int granule);
+    void unmark(unsigned int granule);
+    void flipEnd(unsigned int granule, std::int32_t size);
+    void raise(unsigned int page, std::int32_t size);
+    void lower(unsigned int page, std::int32_t oldSize);
+    void replace(unsigned int oldPage, std::int32_t oldSize, unsigned int page, std::int32_t size);
     std::int32_t measurePage(unsigned int page, std::int32_t enough) const;
 
     template <bool Up>
@@ -95,6 +104,7 @@ private:
     unsigned int mPageNum;
     unsigned char* mpMemory = nullptr;
     std::size_t mMemorySize = 0;
+    std::uint64_t* mpEnds = nullptr;
     unsigned int mBitLevelNum = 0;
     unsigned int mTreeLevelNum = 0;
     sBitLevel mBits[MaximumLevel] = {};

@@ -180,23 +180,27 @@ unsigned char* GPAllocator::allocateFw(unsigned int rounded, unsigned int alignm
          block = atGranule(mIndex.findAbove(granuleOf(block), rounded)))
     {
         unsigned char* start = alignUp(payloadOf(block), alignment);
-        const std::ptrdiff_t rest = endOf(block) - start - static_cast<std::ptrdiff_t>(rounded);
+        unsigned char* end = endOf(block);
+        const std::ptrdiff_t rest = end - start - static_cast<std::ptrdiff_t>(rounded);
         if (rest < 0)
             continue;
         if (rest < MinimumRest)
+        {
             remove(block);
-        else
-            cut(block, headerAt(start + rounded));
-        return take(block, start, 0);
+            return take(block, start, end, 0);
+        }
+        move(block, headerAt(start + rounded));
+        return take(block, start, start + rounded, 0);
     }
     return nullptr;
 }
 
-// The highest free block that fits; its lower part stays free and keeps its place in the list.
+// The highest free block that fits; its lower part stays free.
 unsigned char* GPAllocator::allocateBk(unsigned int rounded, unsigned int alignment)
 {
-    for (sHeader* block = atGranule(mIndex.findHighest(rounded)); block;
-         block = atGranule(mIndex.findBelow(granuleOf(block), rounded)))
+    // Every free block holds a granule, so that the highest of all is the one for the smallest size.
+    sHeader* highest = rounded == sHeader::Granule ? mpFreeTail : atGranule(mIndex.findHighest(rounded));
+    for (sHeader* block = highest; block; block = atGranule(mIndex.findBelow(granuleOf(block), rounded)))
     {
         unsigned char* end = endOf(block);
         unsigned char* start = alignDown(end - rounded, alignment);
@@ -206,21 +210,20 @@ unsigned char* GPAllocator::allocateBk(unsigned int rounded, unsigned int alignm
         if (rest < MinimumRest)
         {
             remove(block);
-            return take(block, start, 1);
+            return take(block, start, end, 1);
         }
         sHeader* used = headerAt(start) - 1;
         resize(block, distance(payloadOf(block), reinterpret_cast<unsigned char*>(used)));
-        used->mSize = distance(start, end);
-        return take(used, start, 1);
+        return take(used, start, end, 1);
     }
     return nullptr;
 }
 
-// Makes the block a used one that hands out `start`.
-unsigned char* GPAllocator::take(sHeader* block, unsigned char* start, unsigned int fromBack)
+// Makes a used block up to `end` that hands out `start`.
+unsigned char* GPAllocator::take(sHeader* block, unsigned char* start, unsigned char* end, unsigned int fromBack)
 {
     const unsigned int place = placeOf(block);
-    *block = {0, 0, block->mSize, 0, mCallCount, fromBack, 0, place};
+    *block = {0, 0, distance(payloadOf(block), end), 0, mCallCount, fromBack, 0, place};
     wordBefore(start) = place;
     return start;
 }
@@ -228,35 +231,40 @@ unsigned char* GPAllocator::take(sHeader* block, unsigned char* start, unsigned 
 // Puts the block among the free ones and joins it with the neighbours that it touches.
 void GPAllocator::release(sHeader* block)
 {
-    sHeader* previous = atGranule(mIndex.findBefore(granuleOf(block)));
-    sHeader* next = previous ? at(previous->mpNext) : mpFreeHead;
+    sHeader* next = headerAt(endOf(block));
+    const bool joinsNext = endOf(block) != getHeapEnd() && mIndex.contains(granuleOf(next));
+    const bool joinsPrevious = mIndex.endsBefore(granuleOf(block));
     block->mpOwner = 0;
 
-    if (next && headerAt(endOf(block)) == next)
+    if (joinsPrevious)
     {
-        sHeader* behind = at(next->mpNext);
-        remove(next);
-        block->mSize = distance(payloadOf(block), endOf(next));
-        next = behind;
+        sHeader* previous = joinsNext ? at(next->mpPrevious) : atGranule(mIndex.findBefore(granuleOf(block)));
+        if (joinsNext)
+            join(previous, next);
+        else
+            resize(previous, distance(payloadOf(previous), endOf(block)));
     }
-    if (previous && headerAt(endOf(previous)) == block)
-        resize(previous, distance(payloadOf(previous), endOf(block)));
+    else if (joinsNext)
+        move(next, block);
     else
-        insert(block, previous, next);
+    {
+        sHeader* previous = atGranule(mIndex.findBefore(granuleOf(block)));
+        insert(block, previous, previous ? at(previous->mpNext) : mpFreeHead);
+    }
 }
 
 void GPAllocator::insert(sHeader* block, sHeader* previous, sHeader* next)
 {
     connect(previous, block);
     connect(block, next);
-    mIndex.insert(granuleOf(block));
+    mIndex.insert(granuleOf(block), block->mSize);
     mFreeSize += block->mSize;
 }
 
 void GPAllocator::remove(sHeader* block)
 {
     connect(at(block->mpPrevious), at(block->mpNext));
-    mIndex.remove(granuleOf(block));
+    mIndex.remove(granuleOf(block), block->mSize);
     mFreeSize -= block->mSize;
 }
 
@@ -264,21 +272,32 @@ void GPAllocator::resize(sHeader* block, unsigned int size)
 {
     const unsigned int oldSize = block->mSize;
     block->mSize = size;
-    mIndex.resize(granuleOf(block), oldSize);
+    mIndex.moveEnd(granuleOf(block), oldSize, size);
     mFreeSize += size - oldSize;
 }
 
-// Ends the block where the rest begins, which takes its place among the free ones.
-void GPAllocator::cut(sHeader* block, sHeader* rest)
+// Lets the free block begin elsewhere and keep its end and its place in the list.
+void GPAllocator::move(sHeader* block, sHeader* to)
 {
+    const unsigned int size = distance(payloadOf(to), endOf(block));
+    const unsigned int oldSize = block->mSize;
     sHeader* previous = at(block->mpPrevious);
     sHeader* next = at(block->mpNext);
-    remove(block);
+    *to = {0, 0, size, 0, 0, 0, 0, 0};
+    connect(previous, to);
+    connect(to, next);
+    mIndex.moveStart(granuleOf(block), oldSize, granuleOf(to), size);
+    mFreeSize += size - oldSize;
+}
 
-    *rest = {};
-    rest->mSize = distance(payloadOf(rest), endOf(block));
-    insert(rest, previous, next);
-    block->mSize = distance(payloadOf(block), reinterpret_cast<unsigned char*>(rest));
+// Lets the free block grow up to the end of the next free one.
+void GPAllocator::join(sHeader* block, sHeader* behind)
+{
+    const unsigned int oldSize = block->mSize;
+    connect(block, at(behind->mpNext));
+    mFreeSize += distance(endOf(block), payloadOf(behind));
+    block->mSize = distance(payloadOf(block), endOf(behind));
+    mIndex.join(granuleOf(block), oldSize, granuleOf(behind), behind->mSize);
 }
 
 // Makes two free blocks neighbours in the list; null stands for its ends.

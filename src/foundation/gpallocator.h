@@ -44,13 +44,14 @@ private:
     void reset();
     unsigned char* allocateFw(unsigned int rounded, unsigned int alignment);
     unsigned char* allocateBk(unsigned int rounded, unsigned int alignment);
-    unsigned char* take(sHeader* block, unsigned char* start, unsigned int fromBack);
+    unsigned char* take(sHeader* block, unsigned char* start, unsigned char* end, unsigned int fromBack);
     void release(sHeader* block);
 
     void insert(sHeader* block, sHeader* previous, sHeader* next);
     void remove(sHeader* block);
-    void cut(sHeader* block, sHeader* rest);
     void resize(sHeader* block, unsigned int size);
+    void move(sHeader* block, sHeader* to);
+    void join(sHeader* block, sHeader* behind);
     void connect(sHeader* previous, sHeader* next);
 
     bool isHeapConsistent() const;

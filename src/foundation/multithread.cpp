@@ -74,21 +74,6 @@ CriticalSection::~CriticalSection()
     pthread_mutex_destroy(&mMutex);
 }
 
-void CriticalSection::enter()
-{
-    pthread_mutex_lock(&mMutex);
-}
-
-bool CriticalSection::tryEnter()
-{
-    return pthread_mutex_trylock(&mMutex) == 0;
-}
-
-void CriticalSection::leave()
-{
-    pthread_mutex_unlock(&mMutex);
-}
-
 WaitingRoom::WaitingRoom(const char* creationFailure, const char* waitFailure) : mpWaitFailure(waitFailure)
 {
     pthread_condattr_t attributes;

@@ -80,9 +80,9 @@ public:
     CriticalSection(const CriticalSection&) = delete;
     CriticalSection& operator=(const CriticalSection&) = delete;
 
-    void enter();
-    bool tryEnter();
-    void leave();
+    void enter() { pthread_mutex_lock(&mMutex); }
+    bool tryEnter() { return pthread_mutex_trylock(&mMutex) == 0; }
+    void leave() { pthread_mutex_unlock(&mMutex); }
 
 private:
     pthread_mutex_t mMutex;

@@ -185,8 +185,9 @@ TEST_F(GPAllocatorTest, TakesSmallAndNegativeSizesFromTheTopAndOthersFromTheBott
     EXPECT_EQ(offsetIn(*mHeap, allocate(33)), 32);
     EXPECT_EQ(offsetIn(*mHeap, allocate(-64)), HeapSize - 64 - 64);
     EXPECT_EQ(offsetIn(*mHeap, allocate(0)), HeapSize - 128 - 64) << "nothing is as much as 32 bytes";
-    EXPECT_EQ(offsetIn(*mHeap, allocate(100, 256)), 256) << "behind the block of 33 bytes and a gap";
-    EXPECT_EQ(mHeap->getUsedSize(), 64 + 96 + 96 + 64 + (384 - 96) + 32);
+    EXPECT_EQ(offsetIn(*mHeap, allocate(33)), 32 + 64 + 32);
+    EXPECT_EQ(offsetIn(*mHeap, allocate(100, 128)), 256) << "a gap follows the header at 192";
+    EXPECT_EQ(mHeap->getUsedSize(), 64 + 2 * 96 + 96 + 64 + (384 - 192) + 32);
 }
 
 TEST_F(GPAllocatorTest, LeavesARestOf64BytesFreeAndNoSmallerOne)
