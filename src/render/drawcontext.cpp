@@ -253,7 +253,7 @@ void DrawContext::entryCommand(sCommand* command)
 
 void DrawContext::flushCommand()
 {
-    const unsigned int count = mEntryAllocator.getUsedSize() / static_cast<unsigned int>(sizeof(sCommand*));
+    const unsigned int count = getPendingEntryNum();
     if (count == 0)
         return;
     mSystem.entryCommand(static_cast<sCommand**>(mEntryAllocator.getHeap()), count);

@@ -82,6 +82,12 @@ public:
 
     const Context& getState() const { return mCurrent; }
 
+    // Commands that the system does not know of yet.
+    unsigned int getPendingEntryNum() const
+    {
+        return mEntryAllocator.getUsedSize() / static_cast<unsigned int>(sizeof(sCommand*));
+    }
+
     // Called by RenderSystem only: at the start of a frame, at each popContext(), and at the end of the recording.
     void init();
     void setup();

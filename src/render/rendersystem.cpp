@@ -11,6 +11,8 @@
 #include "render/window.h"
 #include "tool/toolsystem.h"
 
+#include <algorithm>
+
 REFLECT(RenderSystem, eTypeAttribute::Singleton, "System");
 
 namespace
@@ -108,6 +110,17 @@ void RenderSystem::entryCommand(sCommand** commands, unsigned int count)
         dev_assert("Command entry buffer overflow.\n", __FILE__, __LINE__);
     for (unsigned int i = 0; i < count; ++i)
         mpEntry[begin + i] = commands[i];
+}
+
+unsigned int RenderSystem::getFreeEighths() const
+{
+    unsigned int entryNum = static_cast<unsigned int>(mEntryNum.get());
+    for (const DrawContext* context : mpContext)
+        entryNum += context ? context->getPendingEntryNum() : 0;
+
+    const unsigned int freeEntryNum = EntryNum - std::min(entryNum, EntryNum);
+    const unsigned int freeSize = CommandBufferSize - std::min(mCommandBuffer.getUsedSize(), CommandBufferSize);
+    return std::min(freeEntryNum / (EntryNum / 8), freeSize / (CommandBufferSize / 8));
 }
 
 void RenderSystem::registTexture(Texture* texture)

@@ -51,6 +51,10 @@ public:
     void entryCommand(sCommand* command) { entryCommand(&command, 1); }
     void entryCommand(sCommand** commands, unsigned int count);
 
+    // How many whole eighths of the frame's entries and of its command memory are left, the smaller of both. Main
+    // thread, while no other thread records.
+    unsigned int getFreeEighths() const;
+
     // Takes over a texture that has just been made; any thread may call it.
     void registTexture(Texture* texture);
 

@@ -2,24 +2,25 @@
 
 #include "application/system.h"
 #include "foundation/autostring.h"
-#include "foundation/list.h"
 #include "foundation/singleton.h"
-#include "foundation/vector.h"
-#include "reflection/objectlist.h"
 #include "ui/uibase.h"
+#include "ui/uiclicktracker.h"
 #include "ui/uicolor.h"
+#include "ui/uikeycode.h"
+#include "ui/uiwindowstack.h"
 
 #include <atomic>
+#include <thread>
 
-class DrawContext;
 class UIDesktop;
 class UIMainMenu;
 class UIWindow;
+struct sUIHit;
 
 // Runs the interface: turns the state of mouse and keyboard into messages, updates and paints each window in a job of
 // its own, and knows which element has the focus and the mouse, which window is active and which menu is open. The
 // lists of windows change only between the frames' phases. Everything public is for the main thread, but for
-// notifyInvalidate(), defocusing reads and the colours.
+// notifyInvalidate(), the readers and the colours.
 class UISystem : public System, public UIColorScheme, public Singleton<UISystem>
 {
     REFLECTED(UISystem)
@@ -67,13 +68,13 @@ public:
     static sRect getUIViewRect();
 
     // The key code of a keyboard usage, 0 for none and for modifiers. Above 255 asserts, but for 0xFFFFFFFF.
-    unsigned int transferKeyCode(unsigned int usage) const;
+    unsigned int transferKeyCode(unsigned int usage) const { return UIKeyCode::fromUsage(usage); }
 
     // Always null: there are no shortcuts of the whole system.
     const UIShortcutBase* findShortcut() const { return nullptr; }
 
     // The name of the key that went down last; empty for none.
-    AutoString getKeyDown() const;
+    AutoString getKeyDown() const { return UIKeyCode::getName(mKeyDown); }
     void setKeyDown(AutoString) {}
 
     UIWindow* getActiveWindow() const { return mActiveWindow; }
@@ -84,32 +85,64 @@ public:
     UIDesktop* getDesktop() const { return mDesktop; }
 
     // From the topmost to the backmost.
-    const ObjectList& getWindowList() const { return mWindowList; }
-    const ObjectList& getAddWindowList() const { return mAddWindowList; }
-    const ObjectList& getRemoveWindowList() const { return mRemoveWindowList; }
-    const List<UIWindow>& getModalWindowList() const { return mModalWindowList; }
+    const ObjectList& getWindowList() const { return mWindows.getWindowList(); }
+    const ObjectList& getAddWindowList() const { return mWindows.getAddWindowList(); }
+    const ObjectList& getRemoveWindowList() const { return mWindows.getRemoveWindowList(); }
+    const List<UIWindow>& getModalWindowList() const { return mWindows.getModalWindowList(); }
+    bool isListedForRemoval(const UIWindow* window) const { return mWindows.isListedForRemoval(window); }
 
 private:
     UISystem();
     ~UISystem() override;
 
-    ObjectList mWindowList;
-    ObjectList mAddWindowList;
-    ObjectList mRemoveWindowList;
+    void assertMainThread() const;
+
+    void executeAdd();
+    void executeRemove();
+    void destroyWindow(UIWindow* window);
+    void activateModal(UIWindow* window);
+
+    void updateCapture(const sPoint& position);
+    void updatePointer(const sPoint& position);
+    void updateElements();
+    void updateRoot(UIBase* root);
+    void updateJob(void* window);
+
+    void handleKeyEvent(UIBase* target);
+    void callShortcut(UIWindow* window);
+    void handleMouseEvent(const sUIHit& hit, const sPoint& position);
+    void press(const sUIHit& hit, const sPoint& position, unsigned int button);
+    void focusByPress(UIBase* target);
+    void activateByPress(const sUIHit& hit);
+    void openContextMenu(const sPoint& position);
+    void releaseCapture(const sPoint& position, unsigned int button);
+    void leaveAll();
+    bool noteMove(const sPoint& position);
+    bool isBlocked(const UIWindow* window) const;
+    void showCursor(UIBase::eCursor cursor);
+
+    void traceLackOfRoom();
+
+    UIWindowStack mWindows;
     sPoint mLastMousePosition = sPoint::Zero;
     UIWindow* mActiveWindow = nullptr;
     std::atomic<UIBase*> mFocus = nullptr;
     std::atomic<UIBase*> mCapture = nullptr;
+
+    // What lies under the pointer, while a frame's input is handled.
+    std::atomic<UIBase*> mTarget = nullptr;
     std::atomic<UIMenu*> mMenu = nullptr;
     UIMainMenu* mMainMenu = nullptr;
     UIDesktop* mDesktop = nullptr;
-    Vector<DrawContext> mDrawContextList;
-    List<UIWindow> mModalWindowList;
+
+    // What was found when the keys last had a target. A key calls one shortcut at most.
     unsigned int mKeyDown = 0;
     unsigned int mKeyUp = 0;
     unsigned int mCombinationKey = 0;
-    unsigned int mLastButton = 0;
-    std::uint64_t mLastClickTime = 0;
-    std::atomic<UIBase*> mLastClickTarget = nullptr;
-    unsigned int mCursor = 0;
+    bool mKeyUnused = false;
+
+    UIClickTracker mClick;
+    UIBase::eCursor mCursor = UIBase::eCursor::Arrow;
+    bool mRoomTraced = false;
+    std::thread::id mMainThread = std::this_thread::get_id();
 };
