@@ -5,55 +5,84 @@
 #include "io/xmlscanner.h"
 #include "reflection/objectbase.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 
-// Hangs what the scanner finds into the reader's tree.
+// Hangs what the scanner finds into the reader's tree. The attributes of a tag are gathered first, so that they follow
+// it in one block.
 class XmlReader::TreeBuilder
 {
 public:
     explicit TreeBuilder(XmlReader& reader) : mReader(reader) {}
+    ~TreeBuilder() { delete[] mpGathered; }
 
-    bool openTag(const char* name)
+    TreeBuilder(const TreeBuilder&) = delete;
+    TreeBuilder& operator=(const TreeBuilder&) = delete;
+
+    void openTag(const char* name)
     {
-        mpTag = mReader.mArena.make<sTag>();
-        if (!mpTag)
-            return false;
-        mpTag->name = name;
-        mpTag->parent = mpParent;
-        mpLink = &mpTag->firstAttribute;
-        return true;
+        mpName = name;
+        mAttributeNum = 0;
     }
 
     bool addAttribute(const char* name, const char* value)
     {
-        sAttribute* attribute = mReader.mArena.make<sAttribute>();
-        if (!attribute)
+        if (mAttributeNum == mCapacity && !grow())
             return false;
-        attribute->name = static_cast<unsigned int>(name - mpTag->name);
-        attribute->value = static_cast<unsigned int>(value - mpTag->name);
-        *mpLink = attribute;
-        mpLink = &attribute->next;
+        mpGathered[mAttributeNum++] = {static_cast<unsigned int>(name - mpName),
+                                       static_cast<unsigned int>(value - mpName)};
         return true;
     }
 
-    void completeTag(bool isOpen)
+    bool completeTag(bool isOpen)
     {
+        void* block = mReader.mArena.allocate(sizeof(sTag) + mAttributeNum * sizeof(sAttribute));
+        if (!block)
+            return false;
+        sTag* tag = new (block) sTag{mpName, mpParent, nullptr, nullptr, mAttributeNum};
+        std::copy_n(mpGathered, mAttributeNum, tag->getAttributes());
+
         sTag*& first = mpParent ? mpParent->firstChild : mReader.mpFirstRoot;
-        sTag*& last = mpParent ? mpParent->lastChild : mReader.mpLastRoot;
-        (last ? last->next : first) = mpTag;
-        last = mpTag;
+        sTag*& last = mLast[mDepth];
+        (last ? last->next : first) = tag;
+        last = tag;
         if (isOpen)
-            mpParent = mpTag;
+        {
+            mpParent = tag;
+            mLast[++mDepth] = nullptr;
+        }
+        return true;
     }
 
-    void closeTag() { mpParent = mpParent->parent; }
+    void closeTag()
+    {
+        mpParent = mpParent->parent;
+        --mDepth;
+    }
 
 private:
+    bool grow()
+    {
+        const unsigned int capacity = mCapacity ? mCapacity * 2 : 64;
+        sAttribute* gathered = new (std::nothrow) sAttribute[capacity];
+        if (!gathered)
+            return false;
+        std::copy_n(mpGathered, mAttributeNum, gathered);
+        delete[] mpGathered;
+        mpGathered = gathered;
+        mCapacity = capacity;
+        return true;
+    }
+
     XmlReader& mReader;
+    const char* mpName = nullptr;
+    sAttribute* mpGathered = nullptr;
+    unsigned int mAttributeNum = 0;
+    unsigned int mCapacity = 0;
     sTag* mpParent = nullptr;
-    sTag* mpTag = nullptr;
-    sAttribute** mpLink = nullptr;
+    sTag* mLast[XmlGrammar::MaximumDepth + 1] = {}; // the newest tag of each depth
+    unsigned int mDepth = 0;
 };
 
 namespace
@@ -61,9 +90,9 @@ namespace
 // Adds up what a tree would take.
 struct sTreeSize
 {
-    bool openTag(const char*) { return ++tags; }
+    void openTag(const char*) {}
     bool addAttribute(const char*, const char*) { return ++attributes; }
-    void completeTag(bool) {}
+    bool completeTag(bool) { return ++tags; }
     void closeTag() {}
 
     std::size_t tags = 0;
@@ -97,9 +126,10 @@ const char* XmlReader::findFault(TextStream* stream, unsigned int& place)
     XmlScanner scanner(text.get(), tree);
     const char* fault = scanner.scan();
     place = static_cast<unsigned int>(scanner.getPlace() - text.get());
-    // parse() takes its memory in pages; a page or two of slack makes up for their ends.
+    // parse() takes its memory in pages, whose ends the slack makes up for; while it gathers the attributes of a tag
+    // they take up to four times their room.
     constexpr std::size_t Slack = 1024 * 1024;
-    if (!fault && !allocate(tree.tags * sizeof(sTag) + tree.attributes * sizeof(sAttribute) + Slack))
+    if (!fault && !allocate(tree.tags * sizeof(sTag) + tree.attributes * sizeof(sAttribute) * 4 + Slack))
         fault = "Not enough memory.";
     return fault;
 }
@@ -202,8 +232,9 @@ AutoString XmlReader::findTag(const char* attributeName, const char* attributeVa
 
 const char* XmlReader::sTag::findAttribute(const char* attributeName) const
 {
-    const sAttribute* attribute = firstAttribute;
-    while (attribute && !AutoString::isEqual(name + attribute->name, attributeName))
-        attribute = attribute->next;
-    return attribute ? name + attribute->value : nullptr;
+    const sAttribute* attributes = getAttributes();
+    for (unsigned int i = 0; i < attributeNum; ++i)
+        if (AutoString::isEqual(name + attributes[i].name, attributeName))
+            return name + attributes[i].value;
+    return nullptr;
 }

@@ -31,7 +31,8 @@ public:
     // Whether there is no such fault. Traces it if there is.
     [[nodiscard]] static bool isWellFormed(TextStream* stream);
 
-    // Adds the rest of the stream to the tree and leaves the stream at its end. Asserts on any fault of the grammar.
+    // Reads the rest of the stream, once for a reader, and leaves the stream at its end. Asserts on any fault of the
+    // grammar.
     void parse(TextStream* stream);
 
     // parse() for a file that comes from outside: false, with a trace, when it is not well-formed.
@@ -64,22 +65,24 @@ private:
     // Names and values lie in the document's text, each ended by a zero: bytes behind the name of the tag.
     struct sAttribute
     {
-        unsigned int name = 0;
-        unsigned int value = 0;
-        sAttribute* next = nullptr;
+        unsigned int name;
+        unsigned int value;
     };
 
+    // The attributes follow the tag.
     struct sTag
     {
+        sAttribute* getAttributes() { return reinterpret_cast<sAttribute*>(this + 1); }
+        const sAttribute* getAttributes() const { return reinterpret_cast<const sAttribute*>(this + 1); }
+
         // The value of the first attribute of that name, or null.
         const char* findAttribute(const char* attributeName) const;
 
-        const char* name = nullptr;
-        sTag* parent = nullptr;
-        sTag* next = nullptr;
-        sTag* firstChild = nullptr;
-        sTag* lastChild = nullptr;
-        sAttribute* firstAttribute = nullptr;
+        const char* name;
+        sTag* parent;
+        sTag* next;
+        sTag* firstChild;
+        unsigned int attributeNum;
     };
 
     class TreeBuilder;
@@ -91,7 +94,6 @@ private:
     XmlArena mArena; // the text and the tree
     mutable XmlTextPool mTexts;
     sTag* mpFirstRoot = nullptr;
-    sTag* mpLastRoot = nullptr;
     const sTag* mpTag = nullptr; // the open one, null outside the roots
     Map<ObjectBase> mObjects;
 };

@@ -5,9 +5,9 @@
 #include <cstring>
 
 // The grammar of documents, once for reading and for asking beforehand. What it finds goes to a sink:
-//     bool openTag(const char* name)                           a tag begins; false when there is no memory
-//     bool addAttribute(const char* name, const char* value)   of that tag; the same
-//     void completeTag(bool isOpen)                            it is complete; an open one is the next tag's parent
+//     void openTag(const char* name)                           a tag begins
+//     bool addAttribute(const char* name, const char* value)   of that tag; false when there is no memory
+//     bool completeTag(bool isOpen)                            the same; an open one is the next tag's parent
 //     void closeTag()                                          the end tag of the open one
 // The text must end as XmlCursor asks for. A zero is written behind each word once the scan has passed it, so a name
 // handed to openTag() or addAttribute() is a text of its own only from the next call on.
@@ -15,13 +15,20 @@ template <typename Sink>
 class XmlScanner
 {
 public:
-    XmlScanner(char* text, Sink& sink) : mCursor(text), mSink(sink) {}
+    XmlScanner(char* text, Sink& sink) : mpPlace(text), mSink(sink) {}
 
     // Null when the text keeps to the grammar, else the fault.
-    const char* scan();
+    const char* scan()
+    {
+        // A local cursor stays in registers whatever the sink writes.
+        XmlCursor cursor(mpPlace);
+        const char* fault = scanAll(cursor);
+        mpPlace = cursor.getPlace();
+        return fault;
+    }
 
     // Where the scan has come to.
-    const char* getPlace() const { return mCursor.getPlace(); }
+    const char* getPlace() const { return mpPlace; }
 
 private:
     struct sName
@@ -31,38 +38,39 @@ private:
     };
 
     // The helpers follow the same rule: null, or the fault.
-    const char* scanTag();
-    const char* scanAttribute(char* name, char* nameEnd);
-    const char* scanTagEnd(sName name);
-    const char* scanEndTag();
+    [[gnu::always_inline]] const char* scanAll(XmlCursor& cursor);
+    [[gnu::always_inline]] const char* scanTag(XmlCursor& cursor);
+    [[gnu::always_inline]] const char* scanAttribute(XmlCursor& cursor, char* name, char* nameEnd);
+    [[gnu::always_inline]] const char* scanTagEnd(XmlCursor& cursor, sName name);
+    [[gnu::always_inline]] const char* scanEndTag(XmlCursor& cursor);
 
     // Steps to the next of these two characters; false at the end.
-    bool skipTo(char a, char b)
+    [[gnu::always_inline]] static bool skipTo(XmlCursor& cursor, char a, char b)
     {
-        while (*mCursor != a && *mCursor != b && *mCursor != XmlGrammar::End)
-            mCursor.step();
-        return *mCursor != XmlGrammar::End;
+        while (*cursor != a && *cursor != b && *cursor != XmlGrammar::End)
+            cursor.step();
+        return *cursor != XmlGrammar::End;
     }
 
-    XmlCursor mCursor;
+    char* mpPlace;
     Sink& mSink;
     sName mOpen[XmlGrammar::MaximumDepth];
     unsigned int mDepth = 0;
 };
 
 template <typename Sink>
-const char* XmlScanner<Sink>::scan()
+inline const char* XmlScanner<Sink>::scanAll(XmlCursor& cursor)
 {
-    while (*mCursor.skipToTag() != XmlGrammar::End)
+    while (*cursor.skipToTag() != XmlGrammar::End)
     {
-        mCursor.step();
+        cursor.step();
         const char* fault = nullptr;
-        if (*mCursor == '?')
-            skipTo('>', '>');
-        else if (mCursor.take('/'))
-            fault = scanEndTag();
+        if (*cursor == '?')
+            skipTo(cursor, '>', '>');
+        else if (cursor.take('/'))
+            fault = scanEndTag(cursor);
         else
-            fault = scanTag();
+            fault = scanTag(cursor);
         if (fault)
             return fault;
     }
@@ -70,50 +78,49 @@ const char* XmlScanner<Sink>::scan()
 }
 
 template <typename Sink>
-const char* XmlScanner<Sink>::scanTag()
+inline const char* XmlScanner<Sink>::scanTag(XmlCursor& cursor)
 {
-    mCursor.skipSpace();
-    char* const name = mCursor.getPlace();
-    char* const nameEnd = mCursor.skipWord();
+    cursor.skipSpace();
+    char* const name = cursor.getPlace();
+    char* const nameEnd = cursor.skipWord();
     if (name == nameEnd)
         return "Invalid tag.";
-    if (!mSink.openTag(name))
-        return "Not enough memory.";
+    mSink.openTag(name);
 
     for (;;)
     {
-        mCursor.skipSpace();
-        char* const attribute = mCursor.getPlace();
-        char* const attributeEnd = mCursor.skipWord();
+        cursor.skipSpace();
+        char* const attribute = cursor.getPlace();
+        char* const attributeEnd = cursor.skipWord();
         if (attribute == attributeEnd)
             break;
-        if (const char* fault = scanAttribute(attribute, attributeEnd))
+        if (const char* fault = scanAttribute(cursor, attribute, attributeEnd))
             return fault;
     }
-    const char* fault = scanTagEnd({name, static_cast<std::size_t>(nameEnd - name)});
+    const char* fault = scanTagEnd(cursor, {name, static_cast<std::size_t>(nameEnd - name)});
     *nameEnd = 0;
     return fault;
 }
 
 template <typename Sink>
-const char* XmlScanner<Sink>::scanAttribute(char* name, char* nameEnd)
+inline const char* XmlScanner<Sink>::scanAttribute(XmlCursor& cursor, char* name, char* nameEnd)
 {
-    mCursor.skipSpace();
-    if (!mCursor.take('='))
+    cursor.skipSpace();
+    if (!cursor.take('='))
         return "Invalid attribute format.";
-    mCursor.skipSpace();
-    if (!mCursor.take('"'))
+    cursor.skipSpace();
+    if (!cursor.take('"'))
         return "Invalid attribute format.";
 
-    mCursor.skipSpace();
-    char* const value = mCursor.getPlace();
-    char* const valueEnd = mCursor.skipValue();
+    cursor.skipSpace();
+    char* const value = cursor.getPlace();
+    char* const valueEnd = cursor.skipValue();
     if (value == valueEnd)
         return "Invalid attribute value.";
     // On purpose: one blank may stand before the closing quote.
-    if (XmlGrammar::is(*mCursor, XmlGrammar::Blank))
-        mCursor.step();
-    if (!mCursor.take('"'))
+    if (XmlGrammar::is(*cursor, XmlGrammar::Blank))
+        cursor.step();
+    if (!cursor.take('"'))
         return "Invalid attribute format.";
 
     *nameEnd = 0;
@@ -122,26 +129,25 @@ const char* XmlScanner<Sink>::scanAttribute(char* name, char* nameEnd)
 }
 
 template <typename Sink>
-const char* XmlScanner<Sink>::scanTagEnd(sName name)
+inline const char* XmlScanner<Sink>::scanTagEnd(XmlCursor& cursor, sName name)
 {
-    if (!skipTo('/', '>'))
+    if (!skipTo(cursor, '/', '>'))
         return "Invalid tag.";
-    const bool isOpen = !mCursor.take('/');
-    if (!mCursor.take('>') || mDepth == XmlGrammar::MaximumDepth)
+    const bool isOpen = !cursor.take('/');
+    if (!cursor.take('>') || mDepth == XmlGrammar::MaximumDepth)
         return "Invalid tag.";
     if (isOpen)
         mOpen[mDepth++] = name;
-    mSink.completeTag(isOpen);
-    return nullptr;
+    return mSink.completeTag(isOpen) ? nullptr : "Not enough memory.";
 }
 
 // The end tag's own ">" is left to the search for the next tag.
 template <typename Sink>
-const char* XmlScanner<Sink>::scanEndTag()
+inline const char* XmlScanner<Sink>::scanEndTag(XmlCursor& cursor)
 {
-    mCursor.skipSpace();
-    const char* name = mCursor.getPlace();
-    const std::size_t length = static_cast<std::size_t>(mCursor.skipWord() - name);
+    cursor.skipSpace();
+    const char* name = cursor.getPlace();
+    const std::size_t length = static_cast<std::size_t>(cursor.skipWord() - name);
     if (length == 0)
         return "Invalid tag.";
     if (mDepth == 0 || mOpen[mDepth - 1].length != length || std::memcmp(mOpen[mDepth - 1].text, name, length) != 0)
