@@ -81,7 +81,8 @@ int runProgram(const sCommandLine& line)
     TestApp application(&Initializer);
     application.setup();
     application.setFrameLimit(line.frames);
-    if (!line.play.empty() && !application.play(line.play.c_str()))
+    const bool isPlayer = !line.play.empty() && application.getWindowHandle();
+    if (isPlayer && !application.play(line.play.c_str()))
         return refuse(line.play + " is not an animation");
     return application.execute();
 }

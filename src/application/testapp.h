@@ -26,7 +26,7 @@ public:
     void setup() override;
     void update(float deltaTime) override;
 
-    // Shows an animation, by its logical name; after setup(). False when there is no such animation.
+    // Shows an animation, by its logical name; after setup(), and with a window. False when there is none of that name.
     [[nodiscard]] bool play(const char* name);
 
     // The program ends after so many frames; 0 goes on.

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <filesystem>
 
 namespace
 {
@@ -20,39 +19,6 @@ struct PlainApplication : Application
     void setup() override {}
     void update(float) override {}
 };
-
-sMouseEvent makeEvent(eMouseEvent kind, int x, int y)
-{
-    sMouseEvent event;
-    event.kind = kind;
-    event.x = x;
-    event.y = y;
-    return event;
-}
-
-sMouseEvent makePress(eMouseEvent kind, unsigned int button)
-{
-    sMouseEvent event = makeEvent(kind, 10, 20);
-    event.button = button;
-    return event;
-}
-
-sMouseEvent makeWheel(unsigned int axis, int amount)
-{
-    sMouseEvent event = makeEvent(eMouseEvent::Wheel, 10, 20);
-    event.axis = axis;
-    event.amount = amount;
-    return event;
-}
-
-// Runs the event loop until all posted events have come and the close box after them.
-void deliver(HeadlessApplication& application, std::initializer_list<sMouseEvent> events)
-{
-    for (const sMouseEvent& event : events)
-        application.getPlatform().postMouse(event);
-    application.getPlatform().postQuit();
-    EXPECT_EQ(application.execute(), 0);
-}
 }
 
 TEST(ApplicationTest, MakesWindowPathsAndManagersAndTakesThemAway)
@@ -64,8 +30,6 @@ TEST(ApplicationTest, MakesWindowPathsAndManagersAndTakesThemAway)
         EXPECT_EQ(application.getRootPath(), application.getRoot() + "/");
         EXPECT_EQ(application.getIntermediatePath(), application.getRoot() + "/intermediate/");
         EXPECT_EQ(application.getNativePath(), application.getRoot() + "/native/");
-        EXPECT_TRUE(std::filesystem::is_directory(application.getIntermediatePath()));
-        EXPECT_GE(application.getProcessorNum(), 1u);
         EXPECT_NE(SystemManager::getInstance(), nullptr);
         EXPECT_NE(MemoryManager::getInstance(), nullptr);
     }
@@ -74,74 +38,57 @@ TEST(ApplicationTest, MakesWindowPathsAndManagersAndTakesThemAway)
     EXPECT_EQ(MemoryManager::getInstance(), nullptr);
 }
 
-TEST(ApplicationTest, MouseButtonsAreBitsAndTheWheelAddsUp)
+TEST(ApplicationTest, KeepsTheStateOfTheMouse)
 {
-    HeadlessApplication application;
-    deliver(application, {makePress(eMouseEvent::Down, 1), makePress(eMouseEvent::Down, 3),
-                          makePress(eMouseEvent::Down, 4), makePress(eMouseEvent::Down, 0)});
-    EXPECT_EQ(application.getMouseButton(), 5u);
-    deliver(application, {makePress(eMouseEvent::Down, 2), makePress(eMouseEvent::Up, 1)});
-    EXPECT_EQ(application.getMouseButton(), 6u);
-
-    deliver(application, {makeWheel(0, 3), makeWheel(1, -2), makeWheel(7, -2), makeWheel(0, -1)});
-    EXPECT_EQ(application.getWheelAmount(), sPoint(2, -4)) << "any axis but 0 is y";
-}
-
-TEST(ApplicationTest, OnlyADragLeavesTheWindow)
-{
-    HeadlessApplication application;
+    using enum eMouseEvent;
     const struct
     {
-        eMouseEvent kind;
-        sPoint at;
+        sMouseEvent event;
+        unsigned int button;
+        sPoint wheel;
         sPoint cursor;
     } rows[] = {
-        {eMouseEvent::Moved, sPoint(30, 40), sPoint(30, 40)},
-        {eMouseEvent::Moved, sPoint(-5, 900), sPoint(0, 767)},
-        {eMouseEvent::Dragged, sPoint(-5, 900), sPoint(-5, 900)},
-        {eMouseEvent::Up, sPoint(1024, -1), sPoint(1023, 0)},
+        {{.kind = Down, .x = 10, .y = 20, .button = 1}, 1, sPoint(0, 0), sPoint(10, 20)},
+        {{.kind = Down, .x = 10, .y = 20, .button = 3}, 5, sPoint(0, 0), sPoint(10, 20)},
+        {{.kind = Down, .x = 10, .y = 20, .button = 4}, 5, sPoint(0, 0), sPoint(10, 20)},
+        {{.kind = Dragged, .x = -5, .y = 900}, 5, sPoint(0, 0), sPoint(-5, 900)},
+        {{.kind = Up, .x = 1024, .y = -1, .button = 1}, 4, sPoint(0, 0), sPoint(1023, 0)},
+        {{.kind = Moved, .x = -5, .y = 900}, 4, sPoint(0, 0), sPoint(0, 767)},
+        {{.kind = Down, .hasPosition = false, .button = 2}, 6, sPoint(0, 0), sPoint(0, 767)},
+        {{.kind = Wheel, .axis = 0, .amount = 3}, 6, sPoint(3, 0), sPoint(0, 0)},
+        {{.kind = Wheel, .axis = 7, .amount = -2}, 6, sPoint(3, -2), sPoint(0, 0)},
     };
+    HeadlessApplication application;
     for (const auto& row : rows)
     {
-        deliver(application, {makeEvent(row.kind, row.at.x, row.at.y)});
+        SCOPED_TRACE(&row - rows);
+        application.getPlatform().postMouse(row.event);
+        application.getPlatform().postQuit();
+        EXPECT_EQ(application.execute(), 0);
+        EXPECT_EQ(application.getMouseButton(), row.button);
+        EXPECT_EQ(application.getWheelAmount(), row.wheel);
         EXPECT_EQ(application.getCursorPosition(), row.cursor);
     }
-
-    sMouseEvent lost = makePress(eMouseEvent::Down, 1);
-    lost.hasPosition = false;
-    deliver(application, {lost});
-    EXPECT_EQ(application.getCursorPosition(), sPoint(1023, 0)) << "the place is not known";
-    EXPECT_EQ(application.getMouseButton(), 1u);
 }
 
-TEST(ApplicationTest, FramesRunUntilTheApplicationQuits)
+TEST(ApplicationTest, FramesRunUntilTheApplicationQuitsOrASignalComes)
 {
     HeadlessApplication application;
     unsigned int frames = 0;
     application.mFrame = [&](float delta)
     {
         EXPECT_EQ(delta, application.getDeltaTime());
-        EXPECT_GE(delta, 0.25f);
-        EXPECT_LE(delta, 3.0f);
+        EXPECT_TRUE(delta >= 0.25f && delta < 3.01f) << delta;
         EXPECT_EQ(application.getCurrentFrame(), ++frames);
         if (frames == 5)
             application.quit();
+        else if (frames == 6)
+            std::raise(SIGINT);
     };
     EXPECT_EQ(application.execute(), 0);
     EXPECT_EQ(frames, 5u);
-}
-
-TEST(ApplicationTest, ASignalEndsTheLoopBehindItsFrame)
-{
-    HeadlessApplication application;
-    unsigned int frames = 0;
-    application.mFrame = [&](float)
-    {
-        ++frames;
-        std::raise(SIGINT);
-    };
     EXPECT_EQ(application.execute(), 0);
-    EXPECT_EQ(frames, 1u);
+    EXPECT_EQ(frames, 6u);
 }
 
 TEST(ApplicationTest, TimeIsCountedInMillisecondsOfTheCountInPlace)
@@ -150,8 +97,6 @@ TEST(ApplicationTest, TimeIsCountedInMillisecondsOfTheCountInPlace)
     Application::setCountFunction([] { return std::uint64_t(5000000000250000); });
     EXPECT_EQ(Application::getAbsoluteCount(), 5000000000250000u);
     EXPECT_EQ(Application::getAbsoluteTime(), 5000000000u) << "beyond 32 bits";
-    Application::setCountFunction(nullptr);
-    EXPECT_LT(Application::getAbsoluteCount(), 5000000000250000u);
 }
 
 TEST(ApplicationTest, WithoutAnInitializerItStaysHalfMade)

@@ -84,13 +84,3 @@ TEST(FramePacerTest, AverageChangesWithEvery32ndFrame)
     pacer.begin(34 * Frame);
     EXPECT_EQ(pacer.getAverageFrameRate(), (31 * 60.0f + 30.0f) / 32.0f);
 }
-
-TEST(FramePacerTest, CountsInTicksOfItsTimebase)
-{
-    // A tick of 3 / 2 nanoseconds: two thirds as many ticks to the frame.
-    FramePacer pacer(50, 50, 50, 3, 2);
-    pacer.start(0);
-    EXPECT_EQ(pacer.begin(13333332), std::nullopt);
-    EXPECT_EQ(pacer.begin(13333333), 1.0f);
-    EXPECT_EQ(pacer.getSleepTime(13333333 + 6666666), 9u) << "10 milliseconds are left";
-}

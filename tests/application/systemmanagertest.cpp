@@ -84,15 +84,13 @@ TEST_F(SystemManagerTest, OrdersOfTheFinishedProgram)
     ui->addUpdateDependency(keyboard);
     tool->addPreprocessDependency(render);
 
-    for (int round = 0; round < 2; ++round)
-    {
-        mManager.order();
-        EXPECT_EQ(order(ePhase::Preprocess), "RenderSystem ViewSystem UISystem ToolSystem");
-        EXPECT_EQ(order(ePhase::Update), "ResourceSystem RenderSystem MouseSystem KeyboardSystem ViewSystem UISystem");
-        EXPECT_EQ(order(ePhase::Postprocess), "ViewSystem UISystem ToolSystem RenderSystem");
-        EXPECT_EQ(order(ePhase::Destroy), "JobSystem MouseSystem KeyboardSystem ViewSystem UISystem ToolSystem "
-                                          "ResourceSystem HIDSystem RenderSystem");
-    }
+    mManager.order();
+    mManager.order();
+    EXPECT_EQ(order(ePhase::Preprocess), "RenderSystem ViewSystem UISystem ToolSystem");
+    EXPECT_EQ(order(ePhase::Update), "ResourceSystem RenderSystem MouseSystem KeyboardSystem ViewSystem UISystem");
+    EXPECT_EQ(order(ePhase::Postprocess), "ViewSystem UISystem ToolSystem RenderSystem");
+    EXPECT_EQ(order(ePhase::Destroy), "JobSystem MouseSystem KeyboardSystem ViewSystem UISystem ToolSystem "
+                                      "ResourceSystem HIDSystem RenderSystem");
 }
 
 TEST_F(SystemManagerTest, SweepPassesOverTheOneBehindAPlacedOne)

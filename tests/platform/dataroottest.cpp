@@ -63,13 +63,6 @@ TEST_F(DataRootTest, TheUsersDirectoryIsFilledOnce)
     EXPECT_FALSE(exists("home/data/intermediate/cats/walk.asq.xml")) << "what the user deleted stays deleted";
 }
 
-TEST_F(DataRootTest, WithoutSamplesTheUsersDirectoryIsMadeEmpty)
-{
-    mPlaces.samples.clear();
-    EXPECT_EQ(findDataRoot(mPlaces), mPlaces.userData);
-    EXPECT_TRUE(exists("home/data/intermediate") && exists("home/data/native"));
-}
-
 TEST_F(DataRootTest, ThereIsNoneWhereNothingCanBeMade)
 {
     std::ofstream(mBase / "file") << "in the way";
