@@ -24,6 +24,7 @@ protected:
 
     void SetUp() override
     {
+        testing::FLAGS_gtest_death_test_style = "threadsafe";
         ASSERT_TRUE(Platform::create(mKind));
         ASSERT_TRUE(Platform::getInstance()->openWindow("render", WindowWidth, WindowHeight));
         JobSystem::create(0x10000, mThreadNum);

@@ -11,6 +11,7 @@ int main(int argumentNum, char** arguments)
     if (!al_init())
         return 1;
     al_set_new_display_flags(ALLEGRO_OPENGL);
+    al_set_new_bitmap_flags(ALLEGRO_MIN_LINEAR | ALLEGRO_MAG_LINEAR);
     ALLEGRO_DISPLAY* display = al_create_display(sScene::WindowWidth, sScene::WindowHeight);
     ALLEGRO_BITMAP* bitmap = display ? al_create_bitmap(sScene::TextureSize, sScene::TextureSize) : nullptr;
     if (!bitmap)

@@ -32,7 +32,7 @@ void addSprite(DrawContext* context, const sSprite& sprite)
 void record(DrawContext* context, const sScene& scene, Texture* const* textures)
 {
     context->setVertexDecl(eVertexDecl::Textured);
-    context->setTextureFiltering(eTextureFiltering::Nearest);
+    context->setTextureFiltering(scene.finish ? eTextureFiltering::Linear : eTextureFiltering::Nearest);
     for (const sSprite& sprite : scene.sprites)
     {
         context->setTexture(textures[sprite.texture]);

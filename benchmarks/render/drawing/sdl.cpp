@@ -48,6 +48,7 @@ int main(int argumentNum, char** arguments)
     const sScene scene = makeScene(argumentNum, arguments);
     SDL_SetHint(SDL_HINT_RENDER_DRIVER, "opengl");
     SDL_SetHint(SDL_HINT_RENDER_BATCHING, "1");
+    SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, scene.finish ? "linear" : "nearest");
     SDL_Init(SDL_INIT_VIDEO);
     SDL_Window* window = SDL_CreateWindow("SDL", 0, 0, sScene::WindowWidth, sScene::WindowHeight, SDL_WINDOW_OPENGL);
     SDL_Renderer* renderer = window ? SDL_CreateRenderer(window, -1, SDL_RENDERER_ACCELERATED) : nullptr;

@@ -13,6 +13,7 @@ int main(int argumentNum, char** arguments)
     if (!texture.create(sScene::TextureSize, sScene::TextureSize))
         return 1;
     texture.update(makePixels(0).data());
+    texture.setSmooth(scene.finish);
     sf::VertexArray array(sf::Quads, scene.sprites.size() * 4);
 
     return serve([] {},
