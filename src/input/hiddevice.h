@@ -1,0 +1,96 @@
+#pragma once
+
+#include <memory>
+
+// Input devices as the USB HID Usage Tables describe them: a list of devices, each with a tree of elements, and polled
+// values. The one device that is always there is a keyboard whose keys are those of the platform. All of it belongs
+// to the main thread, and nothing here stops the program.
+
+// What a device is called and is for, and where its values come from.
+struct sHIDDescription
+{
+    const char* product;
+    int usagePage;
+    int usage;
+
+    // One value for each usage of the device's elements, valid until the events are pumped again.
+    const unsigned char* (*readValues)();
+};
+
+enum class eHIDElement : unsigned int
+{
+    InputMisc = 1,
+    InputButton = 2,
+    InputAxis = 3,
+    InputScanCodes = 4,
+    Output = 129,
+    Feature = 257,
+    Collection = 513,
+};
+
+// Which elements a walk visits.
+enum eHIDElementMask : unsigned int
+{
+    HIDInputElements = 2,
+    HIDOutputElements = 4,
+    HIDFeatureElements = 8,
+    HIDCollectionElements = 16,
+    HIDValueElements = HIDInputElements | HIDOutputElements | HIDFeatureElements,
+};
+
+struct recElement
+{
+    eHIDElement type;
+    int usagePage;
+    int usage;
+    unsigned int cookie; // The place of its value.
+    int min;
+    int max;
+    int scaledMin;
+    int scaledMax;
+    int size; // In bits.
+
+    // The extent of all values so far, and the one that a user asks for.
+    int calMin;
+    int calMax;
+    int userMin;
+    int userMax;
+
+    recElement* parent;
+    recElement* firstChild;
+    recElement* sibling;
+};
+
+struct recDevice
+{
+    sHIDDescription description;
+    std::unique_ptr<recElement[]> elements; // All of them; the first is the root of the tree.
+    unsigned int elementNum;
+    std::unique_ptr<recDevice> next;
+};
+
+// Makes the list anew. A usage page or a usage of 0 takes all. False if the list is empty.
+bool HIDBuildDeviceList(int usagePage, int usage);
+void HIDReleaseDeviceList();
+bool HIDHaveDeviceList();
+
+// Adds a keyboard to the end of the list, whose values come from the given function.
+recDevice* HIDAddKeyboard(const sHIDDescription& description);
+
+// Null at the end.
+recDevice* HIDGetFirstDevice();
+recDevice* HIDGetNextDevice(const recDevice* device);
+bool HIDIsValidDevice(const recDevice* device);
+
+// The elements of the mask, depth first; null at the end and for a device that is not in the list.
+recElement* HIDGetFirstDeviceElement(const recDevice* device, unsigned int mask);
+recElement* HIDGetNextDeviceElement(const recElement* element, unsigned int mask);
+bool HIDIsValidElement(const recDevice* device, const recElement* element);
+
+// 0 for a device or an element that is not in the list. Widens the element's calibration to the value.
+int HIDGetElementValue(const recDevice* device, recElement* element);
+
+// From the calibrated extent to that of the element, and from there to that of the user. Without an extent to come
+// from, the value stays as it is.
+int HIDCalibrateValue(int value, const recElement* element);
+int HIDScaleValue(int value, const recElement* element);
