@@ -207,22 +207,35 @@ void CommandSort::rankJob(unsigned int index, void* passData)
     const sPass& pass = *static_cast<sPass*>(passData);
     const unsigned int begin = index * BlockSize;
     const unsigned int end = std::min(begin + BlockSize, pass.count);
-    sBlock& block = mBlock[index];
-
-    block.runNum = 0;
-    CommandRank previous = ~CommandRank{0};
     for (unsigned int i = begin; i < end; ++i)
-    {
-        const CommandRank rank = makeRank(pass.command[i], i);
-        pass.destination[i] = rank;
-        block.runBegin[block.runNum] = i;
-        block.runNum = std::min(block.runNum + (rank < previous), RunNum);
-        previous = rank;
-    }
-    block.runBegin[block.runNum] = end;
+        pass.destination[i] = makeRank(pass.command[i], i);
+
+    sBlock& block = mBlock[index];
+    findRuns(block, pass.destination, begin, end);
     block.sorted = block.runNum == 1;
     if (block.runNum == RunNum)
         sortBlockJob(index, passData);
+}
+
+// Looks at several entries at once, since mostly none of them begins a run.
+void CommandSort::findRuns(sBlock& block, const CommandRank* rank, unsigned int begin, unsigned int end)
+{
+    constexpr unsigned int Step = 8;
+    block.runBegin[0] = begin;
+    block.runNum = 1;
+    for (unsigned int i = begin + 1; i < end && block.runNum < RunNum; i += Step)
+    {
+        const unsigned int stepEnd = std::min(i + Step, end);
+        bool rises = true;
+        for (unsigned int k = i; k < stepEnd; ++k)
+            rises &= rank[k - 1] < rank[k];
+        for (unsigned int k = i; !rises && k < stepEnd && block.runNum < RunNum; ++k)
+        {
+            if (rank[k] < rank[k - 1])
+                block.runBegin[block.runNum++] = k;
+        }
+    }
+    block.runBegin[block.runNum] = end;
 }
 
 // Most frames are made of a few long runs, one a window or a thread, that only have to change places.

@@ -29,15 +29,23 @@ void addSprite(DrawContext* context, const sSprite& sprite)
     vertex[3] = {{right, bottom}, color, Size, Size};
 }
 
+void setState(DrawContext* context, const sSprite& sprite, Texture* const* textures)
+{
+    context->setTexture(textures[sprite.texture]);
+    context->setBlendMode(sprite.blend ? eBlendMode::Scaled : eBlendMode::Alpha);
+    context->setDrawLevel(sprite.level, 0);
+}
+
 void record(DrawContext* context, const sScene& scene, Texture* const* textures)
 {
     context->setVertexDecl(eVertexDecl::Textured);
     context->setTextureFiltering(scene.finish ? eTextureFiltering::Linear : eTextureFiltering::Nearest);
+    context->setTexture(textures[0]);
+    context->setBlendMode(eBlendMode::Alpha);
     for (const sSprite& sprite : scene.sprites)
     {
-        context->setTexture(textures[sprite.texture]);
-        context->setBlendMode(sprite.blend ? eBlendMode::Scaled : eBlendMode::Alpha);
-        context->setDrawLevel(sprite.level, 0);
+        if (scene.textureNum > 1 || scene.levels)
+            setState(context, sprite, textures);
         addSprite(context, sprite);
     }
 }
