@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr unsigned int RoundNum = 11;
+constexpr unsigned int RoundNum = 31;
 
 struct sOptions
 {
