@@ -7,7 +7,6 @@
 #include "resource/textureresource.h"
 #include "sequencer/control.h"
 #include "sequencer/sequenceruniquekey.h"
-#include "tests/support/countingallocator.h"
 #include "tests/support/headlesssystems.h"
 #include "tests/support/images.h"
 #include "tests/support/tracecapture.h"
@@ -55,35 +54,18 @@ void addLane(SequencerResourceIntermediate& sequence, const char* track, const c
 }
 }
 
-TEST(AnimCell, IsVisibleWhiteAndOfNoSizeAtFirst)
+TEST(Animation, OffersItsValues)
 {
     AnimCell cell;
     EXPECT_TRUE(cell.getPosition() == sPoint::Zero && cell.getUV() == sTexcoord::Zero && cell.getSize() == sSize::Zero);
-    EXPECT_EQ(cell.getColor(), sColor::White);
-    EXPECT_EQ(cell.getAttribute(), 1u);
+    EXPECT_TRUE(cell.getColor() == sColor::White && cell.getAttribute() == AnimCell::Visible);
     EXPECT_EQ(describe(cell), "Position:point UV:texcoord Size:size Color:color Attribute:u32 "
                               "| Position UV Size Color Attribute");
-}
-
-TEST(AnimSequencer, IsASequencerWithATransform)
-{
     AnimSequencer sequencer;
     EXPECT_EQ(sequencer.getColor(), sColor::White);
     EXPECT_EQ(describe(sequencer), "Resource:Resource Position:point Color:color Orientation:s32 "
                                    "| Resource Seek Play Stop Position Color Orientation");
     EXPECT_EQ(TypeInfo::find("AnimSequencer")->getID(), 868366973u);
-}
-
-TEST(AnimPrimitive, LivesInTheMemoryOfItsFamily)
-{
-    static CountingAllocator allocator;
-    AnimPrimitive::setAllocator(&allocator);
-    ObjectBase* cell = TypeInfo::find("AnimCell")->newInstance();
-    EXPECT_EQ(allocator.getLastSize(), sizeof(AnimCell));
-    delete cell;
-    EXPECT_EQ(allocator.getLive(), 0);
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(AnimPrimitive::setAllocator(&allocator), "Allocator already set.");
 }
 
 class AnimResourceTest : public testing::Test

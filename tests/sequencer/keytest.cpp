@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 TEST(KeyTable, HasARowForEachTypeOfValue)
@@ -101,18 +100,4 @@ TEST(ResourceKey, HoldsOneReferenceOrNone)
         EXPECT_DEATH(SequencerResourceIntermediate::copyKeyParameter(&record, key, 22), "Too long path.");
     }
     EXPECT_EQ(fits.getReferenceCount(), 1);
-}
-
-TEST(SequencerRecord, PacksItsBitsFromTheLowEnd)
-{
-    sMarkerRecord marker{};
-    marker.type = 2;
-    marker.frame = 1000;
-    marker.count = 3;
-    marker.reset = 1;
-    marker.targetFrame = 40;
-    marker.targetIndex = sMarkerRecord::NoTarget;
-    EXPECT_EQ(std::bit_cast<unsigned long long>(marker), 0x0ffff0280040cfa2u);
-    EXPECT_EQ(std::bit_cast<unsigned short>(sKeyHead{60, 1}), 0x103c);
-    EXPECT_EQ(std::bit_cast<unsigned short>(sKeyHead{4095, 3}), 0x3fff);
 }

@@ -39,9 +39,8 @@ TEST(Sequencer, MovesAtTheRateOfTheSequence)
         sequence.setFPS(row.fps);
         TestPlayer sequencer(sequence);
         sequencer.update(row.rate);
-        EXPECT_EQ(sequencer.getCurrentFrame().getRaw(), row.raw) << row.fps << " " << row.rate;
         sequencer.update(std::numeric_limits<float>::infinity());
-        EXPECT_EQ(sequencer.getCurrentFrame().getRaw(), row.raw) << "a step that is no number";
+        EXPECT_EQ(sequencer.getCurrentFrame().getRaw(), row.raw) << row.fps << " " << row.rate;
     }
 }
 
