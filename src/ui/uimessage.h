@@ -127,6 +127,9 @@ template <eMessage Type>
 class UIMouseButtonMessage : public UIMessage
 {
 public:
+    static constexpr unsigned int FirstButton = 1;
+    static constexpr unsigned int SecondButton = 2;
+
     UIMouseButtonMessage(const sPoint& position, unsigned int button)
         : UIMessage(Type, false), mPosition(position), mButton(button)
     {
@@ -134,7 +137,7 @@ public:
 
     const sPoint& getPosition() const { return mPosition; }
 
-    // A mask: 1 the first button, 2 the second.
+    // A mask of the buttons above.
     unsigned int getButton() const { return mButton; }
 
 private:
