@@ -66,7 +66,7 @@ struct recDevice
     sHIDDescription description;
     std::unique_ptr<recElement[]> elements; // All of them; the first is the root of the tree.
     unsigned int elementNum;
-    std::unique_ptr<recDevice> next;
+    recDevice* next;
 };
 
 // Makes the list anew. A usage page or a usage of 0 takes all. False if the list is empty.
@@ -74,8 +74,9 @@ bool HIDBuildDeviceList(int usagePage, int usage);
 void HIDReleaseDeviceList();
 bool HIDHaveDeviceList();
 
-// Adds a keyboard to the end of the list, whose values come from the given function.
-recDevice* HIDAddKeyboard(const sHIDDescription& description);
+// Adds a device to the end of the list, with 256 buttons: one for each usage of the keyboard page. The text is not
+// copied.
+void HIDAddDevice(const sHIDDescription& description);
 
 // Null at the end.
 recDevice* HIDGetFirstDevice();

@@ -21,7 +21,7 @@ public:
 
     ~UIButton() override;
 
-    // Replaces the handler.
+    // Replaces the handler, which must not delete the button.
     template <typename T>
     void setFunction(T* object, void (T::*method)(UIButton*))
     {
