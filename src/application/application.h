@@ -94,6 +94,10 @@ public:
     void setTempAllocator(AllocatorBase* allocator);
     AllocatorBase* getTempAllocator() const { return mpTempAllocator; }
 
+protected:
+    // Takes the events of the mouse as the window reports them.
+    static void eventHandler(const sMouseEvent& event, void* userData);
+
 private:
     static constexpr unsigned int PathSize = 1024;
 
@@ -107,7 +111,6 @@ private:
     void moveCursor(const sMouseEvent& event);
 
     static void eventLoop(void* userData);
-    static void eventHandler(const sMouseEvent& event, void* userData);
 
     unsigned int mWindowWidth = 0;
     unsigned int mWindowHeight = 0;

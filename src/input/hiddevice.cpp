@@ -13,10 +13,6 @@ constexpr int KeyboardUsage = 6;
 constexpr int KeyPage = 7;
 constexpr int KeyNum = static_cast<int>(Platform::KeyNum);
 
-// The extent of values that is offered to users at first.
-constexpr int DefaultUserMin = 0;
-constexpr int DefaultUserMax = 255;
-
 recDevice* gFirstDevice = nullptr;
 
 void reportError(const char* message)
@@ -53,7 +49,7 @@ unsigned int getMask(eHIDElement type)
 // The root of a device's elements, which stands for the device.
 recElement makeCollection(const sHIDDescription& description)
 {
-    recElement element = {};
+    recElement element;
     element.type = eHIDElement::Collection;
     element.usagePage = description.usagePage;
     element.usage = description.usage;
@@ -62,7 +58,7 @@ recElement makeCollection(const sHIDDescription& description)
 
 recElement makeKey(int usage)
 {
-    recElement element = {};
+    recElement element;
     element.type = eHIDElement::InputButton;
     element.usagePage = KeyPage;
     element.usage = usage;
@@ -70,8 +66,6 @@ recElement makeKey(int usage)
     element.max = 1;
     element.scaledMax = 1;
     element.size = 1;
-    element.userMin = DefaultUserMin;
-    element.userMax = DefaultUserMax;
     return element;
 }
 

@@ -40,25 +40,25 @@ enum eHIDElementMask : unsigned int
 
 struct recElement
 {
-    eHIDElement type;
-    int usagePage;
-    int usage;
-    unsigned int cookie; // The place of its value.
-    int min;
-    int max;
-    int scaledMin;
-    int scaledMax;
-    int size; // In bits.
+    eHIDElement type = eHIDElement::InputMisc;
+    int usagePage = 0;
+    int usage = 0;
+    unsigned int cookie = 0; // The place of its value.
+    int min = 0;
+    int max = 0;
+    int scaledMin = 0;
+    int scaledMax = 0;
+    int size = 0; // In bits.
 
-    // The extent of all values so far, and the one that a user asks for.
-    int calMin;
-    int calMax;
-    int userMin;
-    int userMax;
+    // The extent of all values so far, and the one that is offered to users.
+    int calMin = 0;
+    int calMax = 0;
+    int userMin = 0;
+    int userMax = 255;
 
-    recElement* parent;
-    recElement* firstChild;
-    recElement* sibling;
+    recElement* parent = nullptr;
+    recElement* firstChild = nullptr;
+    recElement* sibling = nullptr;
 };
 
 struct recDevice

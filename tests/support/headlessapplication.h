@@ -38,5 +38,8 @@ public:
             mFrame(deltaTime);
     }
 
+    // An event of the mouse, without the event loop.
+    void sendMouse(const sMouseEvent& event) { eventHandler(event, this); }
+
     std::function<void(float)> mFrame;
 };
