@@ -190,19 +190,6 @@ TEST_F(GPAllocatorTest, TakesSmallAndNegativeSizesFromTheTopAndOthersFromTheBott
     EXPECT_EQ(mHeap->getUsedSize(), 64 + 2 * 96 + 96 + 64 + (384 - 192) + 32);
 }
 
-TEST_F(GPAllocatorTest, LeavesARestOf64BytesFreeAndNoSmallerOne)
-{
-    for (auto [rest, stays] : {std::pair(32, false), std::pair(63, false), std::pair(64, true)})
-        for (int way : {1, -1})
-        {
-            GPAllocator heap(0x1000, "Rest", nullptr, Threshold, false);
-            void* all = heap.allocate(way * (0x1000 - 32 - rest), 4);
-            EXPECT_EQ(heap.getUsedSize(), stays ? 0x1000 - 32 : 0x1000) << rest << " bytes, way " << way;
-            EXPECT_TRUE(heap.isConsistent());
-            heap.deallocate(all);
-        }
-}
-
 TEST_F(GPAllocatorTest, RefusesWhatFitsNowhereWithOneTrace)
 {
     allocate(1000);
@@ -219,23 +206,14 @@ TEST_F(GPAllocatorTest, RefusesWhatFitsNowhereWithOneTrace)
 
 TEST_F(GPAllocatorTest, StaysWholeUnderSeveralThreads)
 {
-    std::vector<std::thread> threads;
-    for (unsigned int seed = 0; seed < 4; ++seed)
-        threads.emplace_back(
-            [this, seed]
-            {
-                std::mt19937 random(seed);
-                for (unsigned int i = 0; i < 2000; ++i)
-                {
-                    void* block = mHeap->allocate(static_cast<int>(random() % 128), 4);
-                    *static_cast<unsigned int*>(block) = seed;
-                    mHeap->getUsedSize();
-                    EXPECT_EQ(*static_cast<unsigned int*>(block), seed);
-                    mHeap->deallocate(block);
-                }
-            });
-    for (std::thread& thread : threads)
-        thread.join();
+    const auto exchange = [this]
+    {
+        for (int i = 0; i < 2000; ++i)
+            mHeap->deallocate(mHeap->allocate(i % 128, 4));
+    };
+    std::thread other(exchange);
+    exchange();
+    other.join();
 }
 
 TEST_F(GPAllocatorTest, ReportsEveryLeakInTheOrderOfAddressesAndStops)
@@ -253,33 +231,24 @@ TEST_F(GPAllocatorTest, ReportsEveryLeakInTheOrderOfAddressesAndStops)
 
 TEST_F(GPAllocatorTest, IsNotSearchedForLeaksWithoutAFreeBlock)
 {
-    void* all = mHeap->allocate(HeapSize - 32, 4);
-    EXPECT_NE(all, nullptr);
+    EXPECT_NE(mHeap->allocate(HeapSize - 32, 4), nullptr);
     mHeap->clear();
     EXPECT_EQ(mHeap->getUsedSize(), 32u) << "cleared, the heap is one free block";
 }
 
 TEST(AllocatorBaseTest, CutsAHeapFromItsParentAndGivesItBack)
 {
+    void* high = reinterpret_cast<void*>(std::uintptr_t(0x123456781001));
+    EXPECT_EQ(AllocatorBase::align128(high), reinterpret_cast<void*>(std::uintptr_t(0x123456781080)));
+
     GPAllocator parent(0x4000, "Parent", nullptr, Threshold, false);
     const unsigned int used = parent.getUsedSize();
     {
         GPAllocator child(0x1000, "Child", &parent, Threshold, false);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(child.getHeap()) % 128, 0u);
         EXPECT_GE(parent.getUsedSize(), used + 0x1000);
-        EXPECT_EQ(child.getHeapSize(), 0x1000u);
-        EXPECT_STREQ(child.getName(), "Child");
     }
     EXPECT_EQ(parent.getUsedSize(), used);
     EXPECT_DEATH(GPAllocator(0x5000, "Child", &parent, Threshold, false), "Not enough memory.");
     EXPECT_DEATH(GPAllocator(0x80000000, "Child", &parent, Threshold, false), "Not enough memory.");
-}
-
-TEST(AllocatorBaseTest, AlignsUpwardsWithAllBitsOfAPointer)
-{
-    EXPECT_EQ(AllocatorBase::align(33u, 32), 64u);
-    EXPECT_EQ(AllocatorBase::align(64u, 32), 64u);
-    void* high = reinterpret_cast<void*>(std::uintptr_t(0x123456781001));
-    EXPECT_EQ(AllocatorBase::align(high, 16), reinterpret_cast<void*>(std::uintptr_t(0x123456781010)));
-    EXPECT_EQ(AllocatorBase::align128(high), reinterpret_cast<void*>(std::uintptr_t(0x123456781080)));
 }

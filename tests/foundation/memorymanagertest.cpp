@@ -11,19 +11,15 @@ TEST(MemoryManagerTest, ListsTheGlobalHeapAndThoseItCutsFromIt)
     const unsigned int used = global->getUsedSize();
     TraceCapture trace;
     MemoryManager* manager = MemoryManager::create();
-    EXPECT_EQ(MemoryManager::getInstance(), manager);
     AllocatorBase* heap = manager->createAllocator(0x20000, "String");
 
     ASSERT_EQ(manager->getAllocatorNum(), 2u);
     EXPECT_EQ(manager->getAllocator(0), global);
-    EXPECT_STREQ(global->getName(), "Global");
     EXPECT_EQ(global->getHeapSize(), 0x8000000u);
     EXPECT_EQ(manager->getAllocator(1), heap);
-    EXPECT_STREQ(heap->getName(), "String");
     EXPECT_EQ(heap->getHeapSize(), 0x20000u);
     EXPECT_TRUE(heap->isThreadSafe());
     EXPECT_GE(global->getUsedSize(), used + 0x20000);
-    EXPECT_STREQ(manager->getTypeInfo()->getName(), "MemoryManager");
 
     manager->destroy();
     EXPECT_EQ(MemoryManager::getInstance(), nullptr);

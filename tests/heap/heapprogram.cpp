@@ -31,36 +31,30 @@ bool isInHeap(const void* block)
     return block >= start && block < start + heap->getHeapSize();
 }
 
-struct sObject
-{
-    char bytes[100];
-};
+using Bytes = char[100];
 
 // Made before main and ended after it.
 std::vector<int> early(1000, 1);
 
 void checkOperators()
 {
-    const unsigned int used = AllocatorBase::getGlobalAllocator()->getUsedSize();
+    const AllocatorBase* heap = AllocatorBase::getGlobalAllocator();
+    const unsigned int used = heap->getUsedSize();
     {
-        std::unique_ptr<sObject> object(new sObject);
-        std::unique_ptr<sObject[]> array(new sObject[10]);
-        std::unique_ptr<sObject> quiet(new (std::nothrow) sObject);
-        std::string text(100, 'x');
+        std::unique_ptr<int> object(new int);
+        std::unique_ptr<int> quiet(new (std::nothrow) int);
+        std::unique_ptr<Bytes[]> array(new Bytes[10]);
+        const std::string text(100, 'x');
         check(isInHeap(object.get()) && isInHeap(array.get()) && isInHeap(quiet.get()), "operators leave the heap");
-        check(isInHeap(text.data()), "the standard library leaves the heap");
-        check(isInHeap(early.data()), "what is older than main leaves the heap");
-        check(AllocatorBase::getGlobalAllocator()->getUsedSize() > used, "nothing is counted");
+        check(isInHeap(text.data()) && isInHeap(early.data()), "the standard library leaves the heap");
+        check(heap->getUsedSize() > used, "nothing is counted");
     }
-    check(AllocatorBase::getGlobalAllocator()->getUsedSize() == used, "operator delete keeps something");
-}
+    check(heap->getUsedSize() == used, "operator delete keeps something");
 
-void checkLimits()
-{
     volatile std::size_t num = 0x80000000;
     check(new char[num] == nullptr, "more than a signed word can tell is given");
-    num = AllocatorBase::getGlobalAllocator()->getHeapSize() / sizeof(sObject);
-    check(new sObject[num] == nullptr, "more than the heap holds is given");
+    num = heap->getHeapSize() / sizeof(Bytes);
+    check(new Bytes[num] == nullptr, "more than the heap holds is given");
     check(dlsym(RTLD_DEFAULT, "_Znwm") != reinterpret_cast<void*>(static_cast<void* (*)(std::size_t)>(&operator new)),
           "shared libraries see the operators");
 }
@@ -70,8 +64,7 @@ int main(int argumentNum, char** arguments)
 {
     static std::vector<int> late(1000, 2);
     checkOperators();
-    checkLimits();
     if (argumentNum > 1 && std::strcmp(arguments[1], "leak") == 0)
-        early[0] = (new sObject[2])->bytes[0];
+        early[0] = *(new Bytes[2])[0];
     return faultNum;
 }
