@@ -292,15 +292,14 @@ void UISystem::executeRemove()
     mWindows.releaseAfterRemoval();
 }
 
-// The window stays listed until it is gone, so that nothing lists it once more.
+// The window stays listed until it is gone, so that nothing lists it once more. What refers to its elements forgets
+// them as they die; only the focus hears of it.
 void UISystem::destroyWindow(UIWindow* window)
 {
     window->sendMessage(UIDestroyMessage());
     mWindows.retire(window);
     if (mFocus.load() && window->find(mFocus))
         defocus();
-    if (mCapture.load() && window->find(mCapture))
-        mCapture = nullptr;
     if (window == mActiveWindow)
         setActiveWindow(window->getOwnerWindow());
     delete window;
@@ -337,7 +336,6 @@ void UISystem::updatePointer(const sPoint& position)
     handleMouseEvent(hit, position);
     if (UIBase* target = mTarget)
         showCursor(target->getCursor());
-    mTarget = nullptr;
 }
 
 // Menus come last, and so behind all that a window may have done to them.

@@ -129,7 +129,7 @@ private:
     std::atomic<UIBase*> mFocus = nullptr;
     std::atomic<UIBase*> mCapture = nullptr;
 
-    // What lies under the pointer, while a frame's input is handled.
+    // What lay under the pointer when it was looked at last.
     std::atomic<UIBase*> mTarget = nullptr;
     std::atomic<UIMenu*> mMenu = nullptr;
     UIMainMenu* mMainMenu = nullptr;
