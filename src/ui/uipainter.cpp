@@ -11,7 +11,6 @@
 
 namespace
 {
-constexpr unsigned int InterfaceView = 5;
 constexpr int FontWidth = ToolSystem::FontWidth;
 constexpr int FontHeight = ToolSystem::FontHeight;
 constexpr int TextBufferSize = 256;

@@ -16,6 +16,9 @@ struct UIColorScheme;
 class UIPainter
 {
 public:
+    // All elements are painted in this view, whose viewport limits where windows are taken.
+    static constexpr unsigned int InterfaceView = 5;
+
     // Passed on to the draw context as they are; text is always Alpha and Nearest.
     using eBlendMode = ::eBlendMode;
     using eTextureFiltering = ::eTextureFiltering;
