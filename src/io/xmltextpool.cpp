@@ -102,7 +102,7 @@ XmlTextPool::sText* XmlTextPool::add(const char* text, unsigned int length, unsi
 
 bool XmlTextPool::grow()
 {
-    const unsigned int capacity = mCapacity ? mCapacity * 2 : FirstCapacity;
+    const unsigned int capacity = mCapacity ? mCapacity * 4 : FirstCapacity;
     sSlot* table = new (std::nothrow) sSlot[capacity]();
     if (!table)
         return false;
