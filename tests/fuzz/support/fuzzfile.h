@@ -43,15 +43,12 @@ Held<T> load(const char* name)
     return resource;
 }
 
-// The content of the file that a resource writes through one of its operations.
+// What a resource was filled from it must be able to write, through one of its operations.
 template <typename FileType>
-Bytes write(ResourceBase& resource, bool (ResourceBase::*operation)(Stream&), const char* name)
+void write(ResourceBase& resource, bool (ResourceBase::*operation)(Stream&), const char* name)
 {
-    {
-        FileType stream(getSystems().getFile(name).c_str(), FileStream::Write);
-        require((resource.*operation)(stream));
-    }
-    return getSystems().read(name);
+    FileType stream(getSystems().getFile(name).c_str(), FileStream::Write);
+    require((resource.*operation)(stream));
 }
 
 // A frame goes by, in which released textures disappear.
