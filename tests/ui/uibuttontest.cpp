@@ -1,0 +1,135 @@
+#include "ui/uibutton.h"
+
+#include "foundation/blockallocator.h"
+#include "tests/support/headlesssystems.h"
+#include "ui/uicolor.h"
+#include "ui/uipainter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace
+{
+using eBorderStyle = UIBase::eBorderStyle;
+using eButtonType = UISystemButton::eButtonType;
+using eDirection = UISpinButton::eDirection;
+
+struct sReceiver
+{
+    void click(UIButton* button) { clicked.push_back(button); }
+    void other(UIButton*) {}
+
+    std::vector<UIButton*> clicked;
+};
+}
+
+TEST(UIButtonTest, ClicksWhenTheFirstButtonComesUpOverIt)
+{
+    constexpr struct
+    {
+        unsigned int pressed;
+        unsigned int released;
+        sPoint position;
+        bool concave;
+        bool clicks;
+    } Rows[] = {
+        {1, 1, {5, 5}, true, true},    {1, 1, {0, 0}, true, true},    {1, 1, {40, 20}, true, true},
+        {1, 1, {41, 20}, true, false}, {1, 1, {5, -1}, true, false},  {1, 2, {5, 5}, true, false},
+        {1, 3, {5, 5}, true, false},   {1, 255, {5, 5}, true, false}, {2, 2, {5, 5}, false, false},
+        {3, 3, {5, 5}, false, false},
+    };
+    sReceiver receiver;
+    UIButton button(&receiver, &sReceiver::click, nullptr);
+    button.setSize({40, 20});
+    for (bool enabled : {true, false})
+        for (const auto& row : Rows)
+        {
+            enabled ? button.enable() : button.disable();
+            receiver.clicked.clear();
+            button.sendMessage(UIMouseDownMessage({5, 5}, row.pressed));
+            button.sendMessage(UIMouseMoveMessage({90, 90}));
+            EXPECT_EQ(button.getBorderStyle(), row.concave ? eBorderStyle::Concave : eBorderStyle::Convex);
+            button.sendMessage(UIMouseUpMessage(row.position, row.released));
+            EXPECT_EQ(button.getBorderStyle(), eBorderStyle::Convex);
+            EXPECT_EQ(receiver.clicked, std::vector<UIButton*>(row.clicks, &button))
+                << row.pressed << " " << row.released;
+        }
+}
+
+TEST(UIButtonTest, OwnsOneHandlerAndDoesWithoutAny)
+{
+    const unsigned int used = FunctorBase::getAllocator().getUsedSize();
+    {
+        sReceiver receiver;
+        UISpinButton button(eDirection::Up);
+        const auto click = [&button]
+        {
+            button.sendMessage(UIMouseDownMessage(sPoint::Zero, 1));
+            button.sendMessage(UIMouseUpMessage(sPoint::Zero, 1));
+        };
+        click();
+        button.setFunction(&receiver, &sReceiver::other);
+        button.setFunction(&receiver, &sReceiver::click);
+        click();
+        EXPECT_EQ(receiver.clicked.size(), 1u);
+    }
+    EXPECT_EQ(FunctorBase::getAllocator().getUsedSize(), used);
+}
+
+TEST(UIButtonTest, StartsWithTheSizesOfItsKind)
+{
+    sReceiver receiver;
+    UISystemButton system(eButtonType::Close);
+    UIPulldownButton plain;
+    UIPulldownButton bound(&receiver, &sReceiver::click);
+    EXPECT_EQ(system.getSize(), sSize(14, 14));
+    EXPECT_EQ(system.getMinimumSize(), sSize(14, 14));
+    EXPECT_EQ(plain.getMinimumSize(), sSize::Zero);
+    EXPECT_EQ(bound.getMinimumSize(), sSize(12, 16));
+    EXPECT_EQ(UISpinButton(eDirection::Left).getFirstDelay(), 500u);
+    EXPECT_EQ(UISpinButton(eDirection::Left, 9, 8).getRepeatInterval(), 8u);
+}
+
+TEST(UIButtonTest, PaintsItsGlyphOverItsFace)
+{
+    HeadlessSystems systems;
+    // The corners of what is painted in the colour of the font.
+    const auto paint = [&systems](UIButton& button)
+    {
+        button.setSize({20, 14});
+        std::string corners;
+        for (const sRecordedDraw& draw : systems.record(
+                 [&button](DrawContext& context)
+                 {
+                     UIPainter painter(&context, 1);
+                     painter.setRegion(sRect::Max, sPoint::Zero);
+                     button.eventPaint(&painter);
+                 }))
+            for (const sTexturedDeviceVertex& vertex : draw.vertices)
+                if (vertex.color == UIPainter::getColors().mFontColor)
+                    corners += std::to_string(static_cast<int>(vertex.x)) + "," +
+                               std::to_string(static_cast<int>(vertex.y)) + " ";
+        return corners;
+    };
+
+    UISpinButton left(eDirection::Left), right(eDirection::Right), up(eDirection::Up), down(eDirection::Down);
+    EXPECT_EQ(paint(left), "3,7 17,3 17,11 ");
+    EXPECT_EQ(paint(right), "17,7 3,3 3,11 ");
+    EXPECT_EQ(paint(up), "10,3 3,11 17,11 ");
+    EXPECT_EQ(paint(down), "10,11 3,3 17,3 ");
+    UIPulldownButton pulldown;
+    EXPECT_EQ(paint(pulldown), paint(down));
+
+    UISystemButton maximize, minimize(eButtonType::Minimize), normalize(eButtonType::Normalize),
+        close(eButtonType::Close);
+    EXPECT_EQ(paint(maximize), "2,2 17,2 2,3 17,3 2,4 2,11 17,2 17,11 2,11 18,11 ");
+    EXPECT_EQ(paint(minimize), "2,11 18,11 ");
+    EXPECT_EQ(paint(normalize), "2,7 18,7 ");
+    EXPECT_EQ(paint(close), "4,4 17,11 4,10 17,3 ");
+
+    UIButton button;
+    EXPECT_EQ(paint(button), "");
+    button.setCaption("x");
+    EXPECT_EQ(paint(button), "7,1 13,1 13,13 7,13 ");
+}
