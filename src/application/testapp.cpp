@@ -5,6 +5,7 @@
 #include "application/viewer.h"
 #include "foundation/jobsystem.h"
 #include "foundation/memorymanager.h"
+#include "input/hidsystem.h"
 #include "io/documentwriter.h"
 #include "io/stream.h"
 #include "io/xmlreader.h"
@@ -13,6 +14,7 @@
 #include "resource/resourcebase.h"
 #include "resource/resourcesystem.h"
 #include "tool/toolsystem.h"
+#include "ui/uisystem.h"
 
 #include <cstdio>
 
@@ -29,8 +31,11 @@ TestApp::TestApp(const sInitializer* initializer) : Application(initializer)
     DEV_TRACE("TestApp start.\n");
 }
 
+// What is being edited is applied while everything that it could reach is still there.
 TestApp::~TestApp()
 {
+    if (UISystem* uiSystem = UISystem::getInstance())
+        uiSystem->defocus();
     mpViewer.reset();
     if (mSetUp)
         saveState();
@@ -70,7 +75,9 @@ void TestApp::createSystems()
     manager.addSystem(JobSystem::create(JobMemorySize, getProcessorNum()));
     manager.addSystem(ResourceSystem::create());
     manager.addSystem(RenderSystem::create());
+    manager.addSystem(HIDSystem::create());
     manager.addSystem(ViewSystem::create());
+    manager.addSystem(UISystem::create());
     manager.addSystem(ToolSystem::create());
 }
 
@@ -114,6 +121,7 @@ void TestApp::update(float deltaTime)
     manager.update();
     if (mpViewer)
         mpViewer->update(deltaTime);
+    UISystem::getInstance()->draw();
     if (mpViewer)
         mpViewer->draw();
     manager.postprocess();

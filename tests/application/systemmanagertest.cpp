@@ -64,35 +64,6 @@ protected:
     SystemManager& mManager = *SystemManager::create();
 };
 
-TEST_F(SystemManagerTest, OrdersOfTheFinishedProgram)
-{
-    // As in the program: ResourceSystem names a system that does not exist yet.
-    add("JobSystem", "---");
-    add("ResourceSystem", "-u-")->addDestroyDependency(nullptr);
-    StandInSystem* render = add("RenderSystem");
-    StandInSystem* mouse = add("MouseSystem", "-u-");
-    StandInSystem* keyboard = add("KeyboardSystem", "-u-");
-    StandInSystem* hid = add("HIDSystem", "---");
-    add("ViewSystem");
-    StandInSystem* ui = add("UISystem");
-    StandInSystem* tool = add("ToolSystem", "p-p");
-    render->addPostprocessDependency(tool);
-    render->addDestroyDependency(tool);
-    hid->addDestroyDependency(mouse);
-    hid->addDestroyDependency(keyboard);
-    ui->addUpdateDependency(mouse);
-    ui->addUpdateDependency(keyboard);
-    tool->addPreprocessDependency(render);
-
-    mManager.order();
-    mManager.order();
-    EXPECT_EQ(order(ePhase::Preprocess), "RenderSystem ViewSystem UISystem ToolSystem");
-    EXPECT_EQ(order(ePhase::Update), "ResourceSystem RenderSystem MouseSystem KeyboardSystem ViewSystem UISystem");
-    EXPECT_EQ(order(ePhase::Postprocess), "ViewSystem UISystem ToolSystem RenderSystem");
-    EXPECT_EQ(order(ePhase::Destroy), "JobSystem MouseSystem KeyboardSystem ViewSystem UISystem ToolSystem "
-                                      "ResourceSystem HIDSystem RenderSystem");
-}
-
 TEST_F(SystemManagerTest, SweepPassesOverTheOneBehindAPlacedOne)
 {
     StandInSystem* first = add("First");
