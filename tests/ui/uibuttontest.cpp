@@ -131,5 +131,5 @@ TEST(UIButtonTest, PaintsItsGlyphOverItsFace)
     UIButton button;
     EXPECT_EQ(paint(button), "");
     button.setCaption("x");
-    EXPECT_EQ(paint(button), "7,1 13,1 13,13 7,13 ");
+    EXPECT_EQ(paint(button), "7,1 13,1 7,13 13,13 ");
 }
