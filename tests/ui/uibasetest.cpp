@@ -1,0 +1,308 @@
+#include "ui/uibase.h"
+
+#include "render/drawcontext.h"
+#include "tests/support/headlesssystems.h"
+#include "tests/support/probe.h"
+#include "ui/uipainter.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+using Element = Probe<UIBase>;
+
+// An element that paints its own rectangle in its border colour.
+class Patch : public UIBase
+{
+public:
+    Patch(const sRect& rect, sColor color, unsigned int attribute = 0) : UIBase(attribute)
+    {
+        setPosition({rect.left, rect.top});
+        setSize({rect.getWidth(), rect.getHeight()});
+        setBorderColor(color);
+    }
+
+    void eventPaint(UIPainter* painter) override { painter->drawRect(getOwnRegion(), getBorderColor()); }
+};
+
+constexpr unsigned int Floating = UIBase::FloatingElement;
+
+void layOut(UIBase& root)
+{
+    root.updateRegion(sRect(0, 0, 1024, 768), sRect(0, 0, 1024, 768));
+}
+}
+
+class UIBaseTest : public testing::Test
+{
+protected:
+    // Owned by the parent.
+    Element* add(UIBase& parent, const char* name, unsigned int attribute = 0)
+    {
+        Element* element = new Element(mLog, name, attribute);
+        parent.add(element);
+        return element;
+    }
+
+    Patch* addPatch(UIBase& parent, const sRect& rect, unsigned int attribute = 0)
+    {
+        Patch* patch = new Patch(rect, sColor::Red, attribute);
+        parent.add(patch);
+        return patch;
+    }
+
+    std::string take() { return takeLog(mLog); }
+
+    ProbeLog mLog;
+    Element mRoot{mLog, "root"};
+};
+
+TEST_F(UIBaseTest, StartsVisibleAndEnabledAsItsOwnKey)
+{
+    EXPECT_EQ(mRoot.getStatus(), 24u);
+    EXPECT_EQ(mRoot.findKey(&mRoot), &mRoot);
+    EXPECT_EQ(mRoot.getCursor(), UIBase::eCursor::Arrow);
+    EXPECT_EQ(mRoot.getBorderStyle(), UIBase::eBorderStyle::None);
+}
+
+TEST_F(UIBaseTest, OwnsItsChildrenUntilTheyLeave)
+{
+    Element* a = add(mRoot, "a");
+    Element* b = add(*a, "b");
+    Element* c = add(mRoot, "c");
+    b->setFindKey(&mLog);
+    c->setFindKey(&mLog);
+    EXPECT_EQ(mRoot.find(b), b);
+    EXPECT_EQ(c->find(b), nullptr);
+    EXPECT_EQ(mRoot.findKey(&mLog), b) << "a child before a later sibling of its parent";
+
+    b->remove();
+    b->remove();
+    EXPECT_EQ(b->getParent(), nullptr);
+    EXPECT_EQ(mRoot.find(b), nullptr);
+    delete b;
+    EXPECT_EQ(take(), "b.gone");
+    mRoot.removeChildren();
+    EXPECT_EQ(take(), "a.gone c.gone");
+    Element* d = add(mRoot, "d");
+    add(*d, "e");
+    d->remove();
+    delete d;
+    EXPECT_EQ(take(), "d.gone e.gone");
+}
+
+TEST_F(UIBaseTest, ChangesOfStateCallTheirHookOnce)
+{
+    for (int i = 0; i < 2; ++i)
+    {
+        mRoot.hide();
+        mRoot.disable();
+        mRoot.active();
+        mRoot.focus();
+        mRoot.create();
+    }
+    EXPECT_EQ(take(), "root.hide root.disable root.active root.focus root.create");
+    EXPECT_EQ(mRoot.getStatus(), 7u);
+    for (int i = 0; i < 2; ++i)
+    {
+        mRoot.show();
+        mRoot.enable();
+        mRoot.deactive();
+        mRoot.defocus();
+    }
+    EXPECT_EQ(take(), "root.show root.enable root.deactive root.defocus");
+    EXPECT_EQ(mRoot.getStatus(), 25u) << "created for good";
+}
+
+TEST_F(UIBaseTest, RaisesEachAxisToTheMinimumAndCallsNoHookWithinItself)
+{
+    class Restless : public UIBase
+    {
+    public:
+        void eventMove() override { setPosition({++mMoveNum, 5}); }
+        void eventSize() override { setSize({3, 60}), ++mSizeNum; }
+        int mMoveNum = 0, mSizeNum = 0;
+    } restless;
+    restless.setMinimumSize({10, 20});
+    EXPECT_EQ(restless.getSize(), sSize::Zero) << "the minimum holds from the next change on";
+
+    restless.setPosition({8, 8});
+    restless.setSize({50, 50});
+    EXPECT_EQ(restless.getRelRegion(), sRect(1, 5, 11, 65));
+    restless.setPosition({8, 8});
+    EXPECT_EQ(restless.mMoveNum, 2);
+    EXPECT_EQ(restless.mSizeNum, 1);
+}
+
+TEST_F(UIBaseTest, LaysChildrenOutWithinWhatIsVisibleOfTheParent)
+{
+    HeadlessSystems systems;
+    mRoot.setPosition({100, 100});
+    mRoot.setSize({50, 50});
+    Patch* child = addPatch(mRoot, {40, 40, 60, 60});
+    Patch* grandchild = addPatch(*child, {15, 5, 20, 90});
+    Patch* floating = addPatch(mRoot, {-10, 30, 2000, 40}, Floating);
+    layOut(mRoot);
+    EXPECT_EQ(child->getAbsRegion(), sRect(140, 140, 160, 160));
+    EXPECT_EQ(child->getDrawRegion(), sRect(140, 140, 150, 150));
+    EXPECT_EQ(grandchild->getDrawRegion(), sRect::Zero);
+    EXPECT_EQ(floating->getDrawRegion(), sRect(90, 130, 1024, 140)) << "up to the bounds of the view";
+
+    floating->remove();
+    delete floating;
+    addPatch(mRoot, {-5, 10, 5, 12});
+    EXPECT_EQ(mRoot.getChildrenRegion(), sRect(-5, 0, 60, 60)) << "the origin is part of it";
+}
+
+TEST_F(UIBaseTest, FindsTheDeepestElementUnderAPoint)
+{
+    HeadlessSystems systems;
+    mRoot.setPosition({10, 10});
+    mRoot.setSize({100, 100});
+    Patch* lower = addPatch(mRoot, {0, 0, 40, 40});
+    Patch* inner = addPatch(*lower, {20, 20, 90, 30});
+    Patch* upper = addPatch(mRoot, {30, 0, 60, 40});
+    Patch* clipped = addPatch(mRoot, {200, 200, 220, 220});
+    Patch* holder = addPatch(mRoot, {0, 90, 10, 95});
+    Patch* floating = addPatch(*holder, {0, 0, 8, 80}, Floating);
+    addPatch(mRoot, {0, 90, 10, 95});
+    layOut(mRoot);
+
+    const struct
+    {
+        sPoint point;
+        UIBase* hit;
+    } cases[] = {
+        {{9, 50}, nullptr},    {{12, 12}, lower},     {{35, 35}, inner},    {{45, 35}, upper},     {{70, 10}, upper},
+        {{71, 10}, &mRoot},    {{110, 50}, &mRoot},   {{111, 50}, nullptr}, {{215, 215}, nullptr}, {{0, 0}, nullptr},
+        {{12, 102}, floating}, {{12, 170}, floating}, {{200, 20}, nullptr}, {{19, 103}, holder},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(mRoot.intersect(row.point, sRect::Max), row.hit) << row.point.x << ", " << row.point.y;
+    EXPECT_EQ(clipped->intersect({0, 0}, sRect(0, 0, 20, 20)), nullptr) << "nothing in common is no point in common";
+
+    floating->hide();
+    EXPECT_EQ(mRoot.intersect({12, 170}, sRect::Max), nullptr);
+    EXPECT_TRUE(mRoot.hasFloating()) << "a hidden one counts";
+    floating->setAttribute(0);
+    floating->show();
+    EXPECT_FALSE(mRoot.hasFloating());
+    lower->disable();
+    EXPECT_EQ(mRoot.intersect({12, 12}, sRect::Max), lower);
+}
+
+TEST_F(UIBaseTest, BroadcastsReachTheTreeInOrderAlsoWhereItIsHidden)
+{
+    Element* a = add(mRoot, "a");
+    Element* b = add(*a, "b");
+    add(mRoot, "c");
+    a->hide();
+    take();
+    mRoot.sendMessage(UICreateMessage());
+    mRoot.sendMessage(UITimerMessage(1.0f));
+    mRoot.sendMessage(UIEnableMessage());
+    EXPECT_EQ(take(), "root.create a.create b.create c.create");
+    EXPECT_EQ(b->mTimerNum, 1u);
+    mRoot.sendMessage(UIMessage(6u, false));
+    mRoot.sendMessage(UIMessage(28u, true));
+    EXPECT_EQ(take(), "root.custom:6 root.custom:28 a.custom:28 b.custom:28 c.custom:28");
+}
+
+TEST_F(UIBaseTest, DelegatedMessagesRiseAsTheyAre)
+{
+    Element* middle = add(mRoot, "middle");
+    Element* leaf = add(*middle, "leaf");
+    leaf->setPosition({7, 7});
+    leaf->mHook = [&]
+    {
+        leaf->delegate();
+        leaf->sendMessage(UIShowMessage());
+    };
+    leaf->sendMessage(UIMouseDownMessage({3, 4}, 2));
+    EXPECT_EQ(take(), "leaf.down(3,4):2 middle.down(3,4):2") << "positions are not rebased, nor is the wish forgotten";
+
+    mRoot.mHook = [this]
+    {
+        mRoot.delegate();
+    };
+    mRoot.sendMessage(UIMouseMoveMessage({1, 1}));
+    leaf->mHook = nullptr;
+    leaf->sendMessage(UIMouseUpMessage({0, 0}, 1));
+    EXPECT_EQ(take(), "root.move(1,1) leaf.up(0,0):1") << "a wish ends with its message";
+}
+
+TEST_F(UIBaseTest, EditsRiseToTheRoot)
+{
+    class Editor : public UIBase
+    {
+    public:
+        void eventBeginEdit() override { ++mBeginNum; }
+        int mBeginNum = 0;
+    } editor;
+    Element* leaf = new Element(mLog, "leaf");
+    UIBase* middle = new UIBase;
+    editor.add(middle);
+    middle->add(leaf);
+    leaf->sendMessage(UIBeginEditMessage());
+    leaf->sendMessage(UIEndEditMessage());
+    EXPECT_EQ(editor.mBeginNum, 1);
+}
+
+TEST_F(UIBaseTest, DragsFromThePressToTheEndOfTheRelease)
+{
+    mRoot.setSize({20, 20});
+    mRoot.setPosition({100, 50});
+    layOut(mRoot);
+    bool draggingInHook = false;
+    mRoot.mHook = [&]
+    {
+        draggingInHook = mRoot.isDragging();
+    };
+
+    mRoot.sendMessage(UIMouseMoveMessage({1, 1}));
+    EXPECT_FALSE(draggingInHook);
+    mRoot.sendMessage(UIMouseDownMessage({5, 6}, 4));
+    EXPECT_EQ(mRoot.getDragBeginPosition(), sPoint(105, 56));
+    EXPECT_EQ(mRoot.getDragButton(), 4u);
+    mRoot.sendMessage(UIMouseMoveMessage({-5, 26}));
+    EXPECT_EQ(mRoot.getDragAmount(), sPoint(-10, 20));
+    mRoot.sendMessage(UIMouseUpMessage({0, 0}, 1));
+    EXPECT_TRUE(draggingInHook);
+    EXPECT_FALSE(mRoot.isDragging());
+
+    mRoot.sendMessage(UIMouseDoubleClickMessage({0, 0}, 1));
+    EXPECT_TRUE(mRoot.isDragging());
+    EXPECT_EQ(mRoot.getDragAmount(), sPoint(-10, 20)) << "the amount of the last drag stays until the first move";
+}
+
+TEST_F(UIBaseTest, PaintsWhatIsVisibleWithFloatingElementsOneLevelHigher)
+{
+    HeadlessSystems systems;
+    Patch root({100, 100, 150, 150}, sColor::White);
+    Patch* inner = addPatch(root, {40, 40, 60, 60});
+    Patch* outer = addPatch(root, {60, 0, 70, 10});
+    Patch* floating = addPatch(*outer, {0, 0, 10, 40}, Floating);
+    addPatch(*floating, {5, 5, 8, 8});
+    layOut(root);
+    const auto paint = [&]
+    {
+        std::string picture;
+        for (const sRecordedDraw& draw : systems.record(
+                 [&](DrawContext& context)
+                 {
+                     UIPainter painter(&context, 8);
+                     root.sendMessage(UIPaintMessage(&painter));
+                 }))
+            picture += std::to_string(draw.command.key & 0xFFFF) + "@" +
+                       std::to_string(static_cast<int>(draw.vertices[0].x)) + "/" +
+                       std::to_string(draw.command.scissor.getWidth()) + " ";
+        return picture;
+    };
+    EXPECT_EQ(paint(), "8@100/50 8@140/10 8@165/3 9@160/10 ") << "level, left edge and width of the scissor";
+    floating->hide();
+    inner->hide();
+    EXPECT_EQ(paint(), "8@100/50 ");
+    floating->show();
+    root.hide();
+    EXPECT_EQ(paint(), "") << "nor what floats in a hidden one";
+}
