@@ -103,7 +103,7 @@ void TestApp::restoreState()
 
 void TestApp::saveState()
 {
-    if (!DocumentWriter::write(this, getStatePath().c_str(), DocumentWriter::ePrevious::Drop))
+    if (!DocumentWriter::write(this, true, getStatePath().c_str(), DocumentWriter::ePrevious::Drop))
         DEV_TRACE("TestApp : the state of the systems is not saved.\n");
 }
 

@@ -141,10 +141,10 @@ const char* save(XmlWriter& writer, SaveFiles& files, DocumentWriter::ePrevious 
 }
 }
 
-bool DocumentWriter::write(ObjectBase* object, const char* fullPath, ePrevious previous)
+bool DocumentWriter::write(ObjectBase* object, bool stable, const char* fullPath, ePrevious previous)
 {
     XmlWriter writer(object->getTypeInfo()->getName());
-    object->serialize(&writer, true, 0);
+    object->serialize(&writer, stable, 0);
     return write(writer, fullPath, previous);
 }
 

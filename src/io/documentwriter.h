@@ -31,9 +31,10 @@ public:
     // Called before each step when it is set. A test ends the process there.
     static StepFunction mpStepFunction;
 
-    // The document of one object, under a root tag named after its type. False, with a trace, when it could not be
-    // written or could not be read back: the target then stays as it is.
-    [[nodiscard]] static bool write(ObjectBase* object, const char* fullPath, ePrevious previous);
+    // The document of one object, under a root tag named after its type: a stable one is there before it is read, the
+    // others are made by reading. False, with a trace, when it could not be written or could not be read back: the
+    // target then stays as it is.
+    [[nodiscard]] static bool write(ObjectBase* object, bool stable, const char* fullPath, ePrevious previous);
 
     // The same for a tree that is already built; at most once for a writer.
     [[nodiscard]] static bool write(XmlWriter& writer, const char* fullPath, ePrevious previous);

@@ -75,7 +75,7 @@ TEST_F(DocumentWriterTest, WritesAnObjectUnderTheNameOfItsTypeThroughALink)
 {
     std::filesystem::create_symlink(mDirectory.write("real", "old"), mTarget);
     ObjectBase object;
-    ASSERT_TRUE(DocumentWriter::write(&object, mTarget.c_str(), ePrevious::Drop));
+    ASSERT_TRUE(DocumentWriter::write(&object, true, mTarget.c_str(), ePrevious::Drop));
     EXPECT_TRUE(std::filesystem::is_symlink(mTarget));
 
     TextFileStream stream((mDirectory / "real").c_str(), FileStream::Read);

@@ -295,7 +295,7 @@ TEST_F(SequenceFileTest, HoldsASequenceOfTwelveThousandKeys)
                 sequence.addKey(name, control, frame, eInterpolateType::Linear);
         }
     }
-    ASSERT_TRUE(DocumentWriter::write(&sequence, mText.c_str(), DocumentWriter::ePrevious::Keep));
+    ASSERT_TRUE(DocumentWriter::write(&sequence, false, mText.c_str(), DocumentWriter::ePrevious::Keep));
     SequencerResourceIntermediate read;
     ASSERT_TRUE(load<TextFileStream>(read, mText, readBytes(mText)));
     EXPECT_TRUE(SequenceBuild::isEqual(read, sequence));
