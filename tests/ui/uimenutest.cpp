@@ -1,0 +1,237 @@
+#include "ui/uimenu.h"
+
+#include "tests/support/headlessinterface.h"
+#include "ui/uidesktop.h"
+#include "ui/uikeycode.h"
+#include "ui/uimainmenu.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace
+{
+using eAttribute = UIMenu::eItemAttribute;
+
+constexpr unsigned char UsageReturn = 40;
+constexpr unsigned char UsageDown = 81;
+constexpr int TextMargin = 20;
+
+// Counts what is chosen.
+struct Actions
+{
+    void open() { log += "open "; }
+    void close() { log += "close "; }
+
+    std::string log;
+};
+
+constexpr UIMenu::sRow<Actions> Rows[] = {
+    {"Open", &Actions::open},
+    UIMenu::SeparatorRow<Actions>,
+    {"Close", &Actions::close},
+    {"Grid", nullptr, eAttribute::Check, true},
+    {"Red", nullptr, eAttribute::Radio, true},
+    {"Blue", nullptr, eAttribute::Radio},
+};
+
+sPoint inRow(const UIMenu& menu, int row)
+{
+    return menu.getPosition() + sPoint(TextMargin, 4 + 14 * row + 7);
+}
+}
+
+class UIMenuTest : public testing::Test
+{
+protected:
+    UIMenuTest() { mMenu->addItems(&mActions, Rows); }
+
+    const char* getSelected() const
+    {
+        const UIMenu::Item* item = mMenu->getSelectItem();
+        return item ? item->isSeparator() ? "-" : item->getName() : "";
+    }
+
+    void sendKey(unsigned int keyCode) { mMenu->sendMessage(UIKeyDownMessage(keyCode, 0)); }
+
+    void openContextMenu(const sPoint& position)
+    {
+        mInterface.runFrame();
+        mInterface.mSystem->getDesktop()->setMenu(mMenu);
+        mInterface.click(position, 2);
+    }
+
+    HeadlessInterface mInterface;
+    Actions mActions;
+    // The desktop owns it, once it is given to it.
+    UIMenu* mMenu = new UIMenu;
+};
+
+TEST_F(UIMenuTest, IsAsLargeAsItsRows)
+{
+    EXPECT_EQ(mMenu->getSize(), sSize(5 * 6 + 24, 6 * 14 + 8));
+    mMenu->addItem("Ten letters");
+    EXPECT_EQ(mMenu->getSize(), sSize(11 * 6 + 24, 7 * 14 + 8));
+    mInterface.mSystem->getDesktop()->setMenu(mMenu);
+}
+
+TEST_F(UIMenuTest, AnswersByTheNamesOfItsItems)
+{
+    UIMenu* subMenu = new UIMenu;
+    mMenu->addItem("More", nullptr, subMenu);
+    EXPECT_EQ(mMenu->findSubMenu("More"), subMenu);
+    EXPECT_EQ(mMenu->findSubMenu("Open"), nullptr);
+
+    mMenu->setItemCheck("Open", true);
+    mMenu->setItemCheck("Blue", true);
+    mMenu->setItemCheck("None", true);
+    mMenu->setItemEnable("Close", false);
+    EXPECT_FALSE(mMenu->isItemChecked("Open")) << "an item without a mark";
+    EXPECT_TRUE(mMenu->isItemChecked("Blue"));
+    EXPECT_FALSE(mMenu->isItemChecked("None"));
+    EXPECT_FALSE(mMenu->isItemEnabled("Close"));
+    EXPECT_TRUE(mMenu->isItemEnabled("Open"));
+    mInterface.mSystem->getDesktop()->setMenu(mMenu);
+}
+
+TEST_F(UIMenuTest, OpensWhereThereIsRoomAndIsChosenFromByASecondClick)
+{
+    openContextMenu(sPoint(1020, 760));
+    ASSERT_EQ(mInterface.mSystem->getMenu(), mMenu);
+    EXPECT_EQ(mMenu->getPosition(), sPoint(1020 - 54, 760 - 92)) << "up and to the left of the corner";
+
+    mInterface.click(inRow(*mMenu, 2));
+    EXPECT_EQ(mActions.log, "close ");
+    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
+}
+
+TEST_F(UIMenuTest, MarksByTheMouse)
+{
+    const auto click = [this](int row)
+    {
+        mMenu->sendMessage(UIMouseUpMessage(sPoint(TextMargin, 4 + 14 * row), 1));
+        return std::string(mMenu->isItemChecked("Grid") ? "grid " : "") + (mMenu->isItemChecked("Red") ? "red " : "") +
+               (mMenu->isItemChecked("Blue") ? "blue" : "");
+    };
+    EXPECT_EQ(click(3), "red ") << "a check mark goes";
+    EXPECT_EQ(click(3), "grid red ") << "and comes";
+    EXPECT_EQ(click(4), "grid red ") << "a radio mark cannot be taken away by itself";
+    EXPECT_EQ(click(5), "blue") << "and takes all marks of the menu";
+    mMenu->setItemEnable("Open", false);
+    click(0);
+    EXPECT_EQ(mActions.log, "open ") << "the mouse does not ask whether an item is enabled";
+    mMenu->sendMessage(UIMouseUpMessage(sPoint(TextMargin, 4), 3));
+    EXPECT_EQ(mActions.log, "open ") << "nor chooses with another button";
+    mInterface.mSystem->getDesktop()->setMenu(mMenu);
+}
+
+TEST_F(UIMenuTest, WalksByTheKeysWithoutWrapping)
+{
+    const struct
+    {
+        unsigned int key;
+        const char* selected;
+    } steps[] = {
+        {UIKeyCode::DownArrow, "Open"}, {UIKeyCode::DownArrow, "Close"}, {UIKeyCode::UpArrow, "Open"},
+        {UIKeyCode::UpArrow, "Open"},   {UIKeyCode::DownArrow, "Close"}, {UIKeyCode::DownArrow, "Grid"},
+        {UIKeyCode::DownArrow, "Red"},  {UIKeyCode::DownArrow, "Blue"},  {UIKeyCode::DownArrow, "Blue"},
+        {UIKeyCode::BackSpace, "Blue"},
+    };
+    for (const auto& step : steps)
+    {
+        sendKey(step.key);
+        EXPECT_STREQ(getSelected(), step.selected);
+    }
+    mMenu->initialize();
+    sendKey(UIKeyCode::UpArrow);
+    EXPECT_STREQ(getSelected(), "Blue") << "up from none is the last";
+    sendKey(UIKeyCode::UpArrow);
+    sendKey(UIKeyCode::UpArrow);
+    sendKey(UIKeyCode::Return);
+    EXPECT_TRUE(mMenu->isItemChecked("Grid")) << "Return leaves the mark";
+    mInterface.mSystem->getDesktop()->setMenu(mMenu);
+
+    UIMenu empty;
+    empty.sendMessage(UIKeyDownMessage(UIKeyCode::DownArrow, 0));
+    EXPECT_EQ(empty.getSelectItem(), nullptr);
+}
+
+TEST_F(UIMenuTest, ReturnDecidesOnlyOnceAndOnlyWhatIsEnabled)
+{
+    openContextMenu(sPoint(100, 100));
+    mInterface.pressKey(UsageDown);
+    mInterface.pressKey(UsageReturn);
+    EXPECT_EQ(mActions.log, "open ");
+    mInterface.pressKey(UsageReturn);
+    EXPECT_EQ(mActions.log, "open ") << "the closed menu hears no keys";
+
+    mMenu->setItemEnable("Open", false);
+    mInterface.click(sPoint(100, 100), 2);
+    mInterface.pressKey(UsageDown);
+    mInterface.pressKey(UsageReturn);
+    EXPECT_EQ(mActions.log, "open ");
+    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
+}
+
+TEST_F(UIMenuTest, OpensASubmenuBesideItsRowOnTheSideWithRoom)
+{
+    UIMenu* subMenu = new UIMenu;
+    subMenu->addItem("Below");
+    mMenu->addItem("More", nullptr, subMenu);
+    UIMenu::Item* more = mMenu->getItems()[6];
+
+    mMenu->setPosition(sPoint(100, 100));
+    mMenu->openSubMenu(more);
+    EXPECT_EQ(mMenu->getSubMenu(), subMenu);
+    EXPECT_EQ(subMenu->getPosition(), sPoint(100 + 54 - 4, 100 + 6 * 14 + 4));
+
+    mMenu->setPosition(sPoint(960, 680));
+    mMenu->openSubMenu(more);
+    EXPECT_EQ(subMenu->getPosition(), sPoint(960 - 54 + 4, 680 - 22 + 14)) << "at the corner of the screen";
+
+    more->setEnable(false);
+    EXPECT_EQ(mMenu->getSubMenu(), nullptr);
+    mInterface.mSystem->getDesktop()->setMenu(mMenu);
+}
+
+TEST_F(UIMenuTest, IsForgottenWhenItDiesWhileItIsOpen)
+{
+    openContextMenu(sPoint(100, 100));
+    mInterface.mSystem->getDesktop()->setMenu(nullptr);
+    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
+    mInterface.runFrames(2);
+}
+
+TEST_F(UIMenuTest, TheDesktopOffersItsMenuInOrder)
+{
+    std::string names;
+    for (const UIMenu::Item* item : mInterface.mSystem->getDesktop()->getMenu()->getItems())
+        names += std::string(item->isSeparator() ? "-" : item->getName()) + (item->isEnabled() ? "|" : "!");
+    EXPECT_EQ(names, "SystemManager|ResourceManager|TextureManager|-|Tool|-|Change Wallpaper|");
+    mInterface.mSystem->getDesktop()->setMenu(mMenu);
+}
+
+TEST(UIMainMenuTest, LaysItsEntriesOutAndSwitchesBetweenTheirMenus)
+{
+    HeadlessInterface interface;
+    UIMainMenu bar;
+    bar.setSize({1024, 16});
+    UIMenu* file = new UIMenu;
+    UIMenu* edit = new UIMenu;
+    bar.addItem("File", file);
+    bar.addItem("Edit", edit);
+    bar.initialize();
+    EXPECT_EQ(bar.getItems()[1]->getRegion(), sRect(40, 0, 80, 16));
+    EXPECT_EQ(bar.getMenuIndex(sPoint(50, 8)), 1);
+    EXPECT_EQ(bar.getMenuIndex(sPoint(90, 8)), -1);
+
+    bar.sendMessage(UIMouseDownMessage(sPoint(10, 8), 1));
+    EXPECT_EQ(interface.mSystem->getMenu(), file);
+    bar.sendMessage(UIMouseDownMessage(sPoint(50, 8), 2));
+    EXPECT_EQ(interface.mSystem->getMenu(), file) << "only the first button";
+    bar.sendMessage(UIMouseMoveMessage(sPoint(50, 8)));
+    bar.sendMessage(UIKeyDownMessage(UIKeyCode::Return, 0));
+    EXPECT_EQ(interface.mSystem->getMenu(), edit);
+    EXPECT_EQ(edit->getPosition(), sPoint(40, 16));
+    EXPECT_EQ(bar.getSubMenu(), edit);
+}
