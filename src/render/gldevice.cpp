@@ -15,7 +15,6 @@
 namespace
 {
 constexpr float RecommendedVersion = 1.2f;
-constexpr unsigned int QuadNum = 4096;
 constexpr unsigned int IndexPerQuad = 6;
 constexpr unsigned int VertexPerQuad = 4;
 
@@ -316,7 +315,7 @@ void GLDevice::readPixels(const sRect& rect, const sRect& window, sColor* pixels
 void GLDevice::makeQuadIndex()
 {
     constexpr unsigned short Pattern[IndexPerQuad] = {0, 1, 2, 1, 2, 3};
-    static unsigned short index[QuadNum * IndexPerQuad];
+    static unsigned short index[MaximumQuadNum * IndexPerQuad];
     for (unsigned int i = 0; i < std::size(index); ++i)
         index[i] = static_cast<unsigned short>(i / IndexPerQuad * VertexPerQuad + Pattern[i % IndexPerQuad]);
 

@@ -19,6 +19,9 @@ struct sTextureHandle
 class RenderDevice
 {
 public:
+    // What one draw takes at most.
+    static constexpr unsigned int MaximumQuadNum = 4096;
+
     virtual ~RenderDevice() = default;
 
     // Resets the state of the library, clears the window and receives the vertices of the frame: all of `memory`,

@@ -32,6 +32,7 @@ RenderSystem::RenderSystem()
     : Singleton("RenderSystem already instanced."),
       mCommandBuffer(CommandBufferSize, "CommandBuffer", getAllocator(), true),
       mSort(EntryNum),
+      mJoin(EntryNum),
       mTexture(TextureNodeNum),
       mMainThread(std::this_thread::get_id())
 {
@@ -136,9 +137,7 @@ void RenderSystem::executeCommand()
         return;
     realizeTextures();
     swap();
-    mpDevice->beginScene(mWindowRect, getCommandMemory(), mCommandBuffer.getUsedSize());
-    mDrawCommandNum = Replay(*mpDevice, mWindowRect, getCommandMemory()).execute(mpSortedCommand);
-    mpDevice->endScene();
+    replay();
     reapTextures();
     ++mExecuteFrame;
 }
@@ -184,6 +183,17 @@ RenderDevice* RenderSystem::makeDevice()
 void RenderSystem::sortCommandBuffer()
 {
     mSort.sort(mpSortedCommand, mpEntry, static_cast<unsigned int>(mEntryNum.get()), JobSystem::getInstance());
+}
+
+// The memory behind the frame's commands is free until the next frame, so that joined draws can lie there.
+void RenderSystem::replay()
+{
+    sCommandMemory memory = {static_cast<unsigned char*>(mCommandBuffer.getHeap()), mCommandBuffer.getUsedSize(),
+                             mCommandBuffer.getHeapSize()};
+    const sCommand* const* commands = mJoin.join(mpSortedCommand, mWindowRect, memory);
+    mpDevice->beginScene(mWindowRect, memory.begin, memory.used);
+    mDrawCommandNum = Replay(*mpDevice, mWindowRect, memory.begin).execute(commands) + mJoin.getSavedNum();
+    mpDevice->endScene();
 }
 
 void RenderSystem::swap()

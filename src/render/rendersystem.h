@@ -8,6 +8,7 @@
 #include "foundation/srect.h"
 #include "foundation/stack.h"
 #include "render/command.h"
+#include "render/commandjoin.h"
 #include "render/commandsort.h"
 
 #include <thread>
@@ -63,6 +64,16 @@ public:
     unsigned int getTextureNum() const { return mTexture.size(); }
     const sRect& getWindowRect() const { return mWindowRect; }
 
+    // The middle of 2 by 2 opaque white texels of the texture that most text comes from; with it neighbouring draws
+    // become one. Null takes it back, before the texture ends.
+    void setSolidTexel(Texture* texture, const sTexcoord& place) { mJoin.setSolidTexel(texture, place); }
+
+    // Whether neighbouring draws become one, which nothing but the time shows.
+    void setJoinEnable(bool enable) { mJoin.setEnable(enable); }
+
+    // How many calls of the library that has saved in the last frame; getDrawCommandNum() counts commands.
+    unsigned int getSavedDrawNum() const { return mJoin.getSavedNum(); }
+
     // Shows the previous frame, replays this one, and deletes the textures that have ended.
     void executeCommand();
 
@@ -79,6 +90,7 @@ private:
     void init();
     RenderDevice* makeDevice();
     void sortCommandBuffer();
+    void replay();
     void swap();
     void realizeTextures();
     void reapTextures();
@@ -93,6 +105,7 @@ private:
     sCommand** mpEntry = nullptr;
     sCommand** mpSortedCommand = nullptr;
     CommandSort mSort;
+    CommandJoin mJoin;
     Atomic mEntryNum;
     List<Texture> mTexture;
     unsigned int mBuildFrame = 0;

@@ -87,11 +87,13 @@ ToolSystem::ToolSystem() : Singleton("ToolSystem already instanced.")
 {
     setProcessEnable(true, false, true);
     createFontTexture();
+    RenderSystem::getInstance()->setSolidTexel(mpFontTexture, SolidTexel);
     DEV_TRACE("ToolSystem : start.\n");
 }
 
 ToolSystem::~ToolSystem()
 {
+    RenderSystem::getInstance()->setSolidTexel(nullptr, SolidTexel);
     mpFontTexture->release();
     DEV_TRACE("ToolSystem : end.\n");
 }
@@ -308,7 +310,8 @@ void ToolSystem::createFontTexture()
         const unsigned char* row = mFontData.data() + (FontTextureSize - 1 - y) * RowBytes;
         for (unsigned int x = 0; x < FontTextureSize; ++x, pixel += sizeof(sColor))
         {
-            const bool set = row[x / 8] >> (7 - x % 8) & 1;
+            const bool solid = x >= SolidTexel.x - 1u && y >= SolidTexel.y - 1u;
+            const bool set = solid || (row[x / 8] >> (7 - x % 8) & 1);
             const sColor color(255, 255, 255, set ? 255 : 0);
             std::memcpy(pixel, &color, sizeof(color));
         }

@@ -36,6 +36,9 @@ public:
     static constexpr unsigned int FontHeight = 12;
     static constexpr unsigned int FontTextureSize = 128;
 
+    // The middle of 2 by 2 opaque white texels, which no character has.
+    static constexpr sTexcoord SolidTexel{FontTextureSize - 1, FontTextureSize - 1};
+
     // The temporary allocator, if there is to be one, must exist by now.
     ToolSystem();
     ~ToolSystem() override;

@@ -14,7 +14,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <random>
 
 namespace
 {
@@ -132,6 +134,67 @@ TEST_F(PictureTest, ShowsANativePictureThreePixelsFurtherRight)
     for (unsigned int x = 3; x < 8; ++x)
         EXPECT_EQ(picture[x].r, (x - 3) * 30) << x;
     EXPECT_EQ(picture[0].r, 'T') << "the header comes first";
+}
+
+namespace
+{
+// Everything that a painter draws, each piece somewhere and in a region of its own that may cut it.
+void paintAtRandom(UIPainter& painter)
+{
+    std::mt19937 random(1);
+    const auto number = [&random](int begin, int end)
+    {
+        return begin + static_cast<int>(random() % static_cast<unsigned int>(end - begin));
+    };
+    const auto point = [&number]
+    {
+        return sPoint(number(-30, 130), number(-30, 80));
+    };
+    const auto color = [&]
+    {
+        return sColor(number(0, 256) & 255, number(0, 256) & 255, 90, 255);
+    };
+    for (int i = 0; i < 2000; ++i)
+    {
+        const sPoint origin(number(-20, Width), number(-20, Height));
+        const sPoint corner = origin + point();
+        painter.setRegion(sRect(origin.x, origin.y, corner.x, corner.y) & sRect(Width, Height), origin);
+        painter.setBlendMode(i % 3 ? eBlendMode::Opaque : eBlendMode::Alpha);
+        const sPoint place = point();
+        const sRect rect(place.x, place.y, place.x + number(-2, 90), place.y + number(-2, 40));
+        switch (i % 8)
+        {
+        case 0: painter.drawRect(rect, color()); break;
+        case 1: painter.drawConvexRect(rect); break;
+        case 2: painter.drawString(rect, "The quick brown fox", color(), UIPainter::eAlignment::CenterMiddle); break;
+        case 3: painter.drawString(place, "jumps over the lazy dog", color()); break;
+        case 4: painter.drawGroup(rect, "Group", color()); break;
+        case 5: painter.drawTriangle(place, point(), point(), color()); break;
+        case 6: painter.drawRect(rect, color(), color(), color(), color()); break;
+        case 7:
+            painter.drawLine(place, i % 16 < 8 ? point() : sPoint(place.x, place.y - number(0, 50)), color());
+            break;
+        }
+    }
+}
+}
+
+TEST_F(PictureTest, JoiningDrawsChangesNothingButTheEndsOfCutLines)
+{
+    RenderSystem* system = RenderSystem::getInstance();
+    system->setJoinEnable(false);
+    const std::vector<sColor> plain = paint(paintAtRandom);
+    const unsigned int drawNum = system->getDrawCommandNum();
+    system->setJoinEnable(true);
+    const std::vector<sColor> joined = paint(paintAtRandom);
+    EXPECT_EQ(system->getDrawCommandNum(), drawNum);
+    EXPECT_GT(system->getSavedDrawNum(), drawNum / 3);
+
+    int differenceNum = 0;
+    for (std::size_t i = 0; i < plain.size(); ++i)
+        differenceNum += plain[i] != joined[i];
+    EXPECT_LE(differenceNum, 3);
+    EXPECT_GT(std::count_if(plain.begin(), plain.end(), [](sColor pixel) { return pixel != Background; }), 100000);
 }
 
 TEST_F(PictureTest, ShowsTextUprightInTheGlyphsOfTheFont)

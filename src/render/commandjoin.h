@@ -1,0 +1,80 @@
+#pragma once
+
+#include "foundation/spoint.h"
+#include "foundation/srect.h"
+#include "render/vertex.h"
+
+#include <vector>
+
+class Texture;
+struct sClearCommand;
+struct sCommand;
+struct sDrawCommand;
+
+// Where the commands and vertices of a frame lie; behind what is used there is room up to the capacity.
+struct sCommandMemory
+{
+    unsigned char* begin;
+    unsigned int used;
+    unsigned int capacity;
+};
+
+// Draws neighbours of the sorted list at once, to the same picture. An interface makes several commands an element,
+// each with its own scissor, plain and textured in turn. All of them become quads of the texture that the text comes
+// from, cut to their scissor, so that nothing is left to change between them. What the texture or the scissor does
+// not allow stays as it is.
+class CommandJoin
+{
+public:
+    // A list has at most `capacity` commands, its end included.
+    explicit CommandJoin(unsigned int capacity);
+
+    // The middle of 2 by 2 texels that are opaque white. Without a texture nothing is joined.
+    void setSolidTexel(Texture* texture, const sTexcoord& place);
+
+    void setEnable(bool enable) { mEnable = enable; }
+
+    // The list to replay in place of `commands`, which is left alone; it holds until the next call. What it needs
+    // goes into the room of `memory`, whose used part grows; where there is none, commands stay as they are. Nothing
+    // is allocated.
+    const sCommand* const* join(const sCommand* const* commands, const sRect& window, sCommandMemory& memory);
+
+    // How many draws less the last list has than the one it stands for.
+    unsigned int getSavedNum() const { return mSavedNum; }
+
+private:
+    // Draws that become one. Its two commands lie in front of its vertices: what draws them all, and what draws
+    // nothing and leaves the state that the last of them would leave.
+    struct sRun
+    {
+        sDrawCommand* command;
+        const sDrawCommand* first;
+        const sDrawCommand* last;
+        sTexturedDeviceVertex* vertices;
+        sTexturedDeviceVertex* end;
+        unsigned int drawNum;
+        unsigned int memoryUsed;
+    };
+
+    void addDraw(const sDrawCommand& command);
+    void addClear(const sClearCommand& command);
+    bool isJoinable(const sDrawCommand& command) const;
+    bool makeRoom(const sDrawCommand& command);
+    void startRun(const sDrawCommand& command);
+    void finishRun();
+    void append(const sCommand* command) { mList[mListNum++] = command; }
+    bool write(const sDrawCommand& command);
+
+    bool mEnable = true;
+    Texture* mpTexture = nullptr;
+    sTexcoord mSolid = {0, 0};
+    std::vector<const sCommand*> mList;
+    unsigned int mListNum = 0;
+    unsigned int mSavedNum = 0;
+
+    // Of the frame at work: the window, the memory, and whether rectangles are placed by the window.
+    sRect mWindow = sRect::Zero;
+    sCommandMemory* mpMemory = nullptr;
+    bool mInWindow = true;
+    sRun mRun = {};
+};

@@ -1,0 +1,341 @@
+#include "render/commandjoin.h"
+
+#include "render/nulldevice.h"
+#include "render/replay.h"
+#include "render/texture.h"
+#include "tests/support/renderfixture.h"
+
+#include <functional>
+#include <string>
+
+namespace
+{
+constexpr sTexcoord Solid{15, 15};
+
+// Counts the draws that reach the graphics library.
+class CountingDevice : public NullDevice
+{
+public:
+    void drawVertices(ePrimitiveType, unsigned int, unsigned int count, eVertexDecl) override { mDrawNum += count > 0; }
+
+    unsigned int mDrawNum = 0;
+};
+
+class CommandJoinTest : public RenderFixture
+{
+protected:
+    using Record = std::function<void(DrawContext&)>;
+    using Vertices = std::vector<sTexturedDeviceVertex>;
+
+    void SetUp() override
+    {
+        RenderFixture::SetUp();
+        mFont = new Texture(16, 16, false, nullptr);
+        mOther = new Texture(16, 16, false, nullptr);
+        mJoin.setSolidTexel(mFont, Solid);
+    }
+
+    void TearDown() override
+    {
+        mFont->release();
+        mOther->release();
+        RenderFixture::TearDown();
+    }
+
+    // What becomes of a frame: a word for each command, with its number of vertices; joined draws stand in brackets.
+    std::string join(const Record& record)
+    {
+        mSystem->preprocess();
+        DrawContext* context = mSystem->popContext();
+        context->setScissorRect(mWindow);
+        record(*context);
+        mSystem->pushContext(context);
+        const std::vector<const sCommand*> before = sorted();
+
+        auto* memory = static_cast<unsigned char*>(const_cast<void*>(mSystem->getCommandMemory()));
+        const unsigned int used =
+            static_cast<unsigned int>(static_cast<unsigned char*>(mSystem->allocateCommandBuffer(0)) - memory);
+        sCommandMemory room = {memory, used, used + mRoom};
+        const sCommand* const* list = mJoin.join(mSystem->getSortedCommand(), mWindow, room);
+        EXPECT_LE(room.used, room.capacity);
+
+        CountingDevice device;
+        const unsigned int drawNum = Replay(device, mWindow, memory).execute(list);
+        EXPECT_EQ(drawNum + mJoin.getSavedNum(), countDraws(before)) << "the count shown is that of commands";
+        mDeviceDrawNum = device.mDrawNum;
+        return describe(list, before);
+    }
+
+    static unsigned int countDraws(const std::vector<const sCommand*>& commands)
+    {
+        unsigned int number = 0;
+        for (const sCommand* command : commands)
+            number += command->kind == eCommand::Draw;
+        return number;
+    }
+
+    std::string describe(const sCommand* const* list, const std::vector<const sCommand*>& before)
+    {
+        std::string text;
+        for (; (*list)->kind != eCommand::End; ++list)
+        {
+            const auto& draw = static_cast<const sDrawCommand&>(**list);
+            const bool own = std::find(before.begin(), before.end(), *list) != before.end();
+            if ((*list)->kind == eCommand::Clear)
+                text += "clear ";
+            else
+                text += (own ? "" : "[") + std::to_string(draw.state.vertexNum) + (own ? " " : "] ");
+            if (own || (*list)->kind != eCommand::Draw)
+                continue;
+            const auto* vertices = static_cast<const sTexturedDeviceVertex*>(draw.vertices);
+            mJoined.assign(vertices, vertices + draw.state.vertexNum);
+            mLastJoined = draw;
+        }
+        return text;
+    }
+
+    // The left, top, right and bottom of each joined quad, and the texel at its top left.
+    std::vector<std::vector<float>> getQuads() const
+    {
+        std::vector<std::vector<float>> quads;
+        for (std::size_t i = 0; i + 3 < mJoined.size(); i += 4)
+            quads.push_back({mJoined[i].x, mJoined[i].y, mJoined[i + 3].x, mJoined[i + 3].y,
+                             static_cast<float>(mJoined[i].s), static_cast<float>(mJoined[i].t)});
+        return quads;
+    }
+
+    static void addLine(DrawContext& context, const sPoint& a, const sPoint& b)
+    {
+        auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Lines, 2));
+        vertex[0] = {{a.x, a.y}, sColor::White};
+        vertex[1] = {{b.x, b.y}, sColor::White};
+    }
+
+    // A picture of 6 by 8 texels from (2, 4) on.
+    void addGlyph(DrawContext& context, const sPoint& place, Texture* texture, int width = 6,
+                  eTextureFiltering filtering = eTextureFiltering::Nearest)
+    {
+        context.setVertexDecl(eVertexDecl::Textured);
+        context.setTexture(texture);
+        context.setTextureFiltering(filtering);
+        const eBlendMode blend = context.getState().blendMode;
+        context.setBlendMode(eBlendMode::Alpha);
+        auto* vertex = static_cast<sTexturedVertex*>(context.allocateVertices(ePrimitiveType::Quads, 4));
+        for (int i = 0; i < 4; ++i)
+            vertex[i] = {{place.x + i % 2 * width, place.y + i / 2 * 8},
+                         sColor::White,
+                         static_cast<short>(2 + i % 2 * 6),
+                         static_cast<short>(4 + i / 2 * 8)};
+        context.setBlendMode(blend);
+        context.setVertexDecl(eVertexDecl::Plain);
+    }
+
+    static void addBox(DrawContext& context, sColor color = sColor::White)
+    {
+        addQuad(&context, sRect(10, 10, 20, 20), color);
+    }
+
+    const sRect mWindow{WindowWidth, WindowHeight};
+    CommandJoin mJoin{64};
+    Texture* mFont = nullptr;
+    Texture* mOther = nullptr;
+    unsigned int mRoom = 100000;
+    unsigned int mDeviceDrawNum = 0;
+    Vertices mJoined;
+    sDrawCommand mLastJoined = {};
+};
+}
+
+TEST_F(CommandJoinTest, MakesOneDrawOfQuadsLinesTrianglesAndText)
+{
+    const Record record = [this](DrawContext& context)
+    {
+        addBox(context);
+        addLine(context, {0, 5}, {9, 5});
+        addLine(context, {9, 6}, {0, 6});
+        addLine(context, {3, 2}, {3, 9});
+        addGlyph(context, {30, 40}, mFont);
+        auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Triangles, 3));
+        for (int i = 0; i < 3; ++i)
+            vertex[i] = {{50 + i, 60 + i * i}, sColor::White};
+    };
+    EXPECT_EQ(join(record), "[24] ");
+    EXPECT_EQ(mDeviceDrawNum, 1u);
+    EXPECT_EQ(getQuads(), (std::vector<std::vector<float>>{{10, 10, 20, 20, 15, 15},
+                                                           {0, 5, 9, 6, 15, 15},
+                                                           {1, 6, 10, 7, 15, 15},
+                                                           {3, 2, 4, 9, 15, 15},
+                                                           {30, 40, 36, 48, 2, 4},
+                                                           {50, 60, 52, 64, 15, 15}}))
+        << "a line leaves its last pixel out, from whichever side it comes";
+    EXPECT_EQ(mLastJoined.texture, mFont);
+    EXPECT_EQ(mLastJoined.state.getBlendMode(), eBlendMode::Alpha);
+
+    mJoin.setEnable(false);
+    EXPECT_EQ(join(record), "4 6 4 3 ");
+    EXPECT_EQ(mDeviceDrawNum, 4u);
+}
+
+TEST_F(CommandJoinTest, CutsAtTheScissorInTheCoordinatesOfTheProjection)
+{
+    const Record record = [this](DrawContext& context)
+    {
+        context.setViewport(sRect(100, 100, 300, 300));
+        context.setProjectionRect(sRect(0, 0, 200, 200));
+        context.setScissorRect(sRect(112, 114, 115, 200));
+        addBox(context);
+        addGlyph(context, {10, 10}, mFont);
+        addLine(context, {0, 15}, {50, 15});
+        addLine(context, {0, 13}, {50, 13});
+        context.setScissorRect(sRect(0, 0, 5, 5));
+        addBox(context);
+    };
+    EXPECT_EQ(join(record), "[12] ");
+    EXPECT_EQ(getQuads(), (std::vector<std::vector<float>>{
+                              {12, 14, 15, 20, 15, 15}, {12, 14, 15, 18, 4, 8}, {12, 15, 15, 16, 15, 15}}));
+    EXPECT_EQ(mJoined[7].s, 7) << "a texel a pixel";
+    EXPECT_EQ(mJoined[7].t, 12);
+    EXPECT_EQ(mLastJoined.scissor, sRect(100, 100, 300, 300));
+}
+
+TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)
+{
+    struct sCase
+    {
+        const char* what;
+        Record draw;
+    };
+    const sCase cases[] = {
+        {"a slanted line",
+         [](DrawContext& context)
+         {
+             addLine(context, {0, 0}, {5, 6});
+         }},
+        {"another blend mode",
+         [](DrawContext& context)
+         {
+             context.setBlendMode(eBlendMode::Scaled);
+             addBox(context);
+         }},
+        {"an overwriting draw that is not opaque",
+         [](DrawContext& context)
+         {
+             addBox(context, {1, 2, 3, 254});
+         }},
+        {"another texture",
+         [this](DrawContext& context)
+         {
+             addGlyph(context, {0, 0}, mOther);
+         }},
+        {"filtered text",
+         [this](DrawContext& context)
+         {
+             addGlyph(context, {0, 0}, mFont, 6, eTextureFiltering::Linear);
+         }},
+        {"a scaled picture that is cut",
+         [this](DrawContext& context)
+         {
+             context.setScissorRect(sRect(1, 0, 20, 20));
+             addGlyph(context, {0, 0}, mFont, 7);
+         }},
+        {"a blend of colours that is cut",
+         [](DrawContext& context)
+         {
+             context.setScissorRect(sRect(12, 0, 20, 20));
+             addBox(context);
+             auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Quads, 4));
+             for (int i = 0; i < 4; ++i)
+                 vertex[i] = {{i % 2 * 20, i / 2 * 20}, {static_cast<unsigned char>(i), 0, 0, 255}};
+         }},
+        {"a scaled projection",
+         [](DrawContext& context)
+         {
+             context.setProjectionRect(sRect(0, 0, 100, 100));
+             addBox(context);
+         }},
+        {"another target",
+         [this](DrawContext& context)
+         {
+             context.setRenderTarget(mOther);
+             addBox(context);
+         }},
+    };
+    for (const sCase& row : cases)
+    {
+        const std::string list = join(
+            [&row](DrawContext& context)
+            {
+                addBox(context);
+                addLine(context, {0, 0}, {0, 5});
+                context.setDrawLevel(1, 0);
+                row.draw(context);
+            });
+        EXPECT_EQ(list.substr(0, 4), "[8] ") << row.what;
+        EXPECT_NE(list, "[8] ") << row.what;
+        EXPECT_EQ(list.find('[', 1), std::string::npos) << row.what << ": " << list;
+    }
+}
+
+TEST_F(CommandJoinTest, ADrawAloneStaysAsItIsAndAnotherViewportBeginsAnew)
+{
+    EXPECT_EQ(join([](DrawContext& context) { addBox(context); }), "4 ");
+    EXPECT_EQ(join(
+                  [](DrawContext& context)
+                  {
+                      addBox(context);
+                      addLine(context, {0, 0}, {0, 5});
+                      context.setViewport(sRect(0, 0, 100, 100));
+                      context.setProjectionRect(sRect(0, 0, 100, 100));
+                      addBox(context);
+                      addLine(context, {0, 0}, {0, 5});
+                      context.setProjectionRect(sRect(1, 0, 101, 100));
+                      addBox(context);
+                  }),
+              "[8] [8] 4 ");
+}
+
+TEST_F(CommandJoinTest, AClearFindsTheScissorOfTheLastDraw)
+{
+    const sRect scissor(1, 2, 3, 4);
+    EXPECT_EQ(join(
+                  [&](DrawContext& context)
+                  {
+                      addBox(context);
+                      context.setScissorRect(scissor);
+                      addBox(context);
+                      context.setDrawLevel(1, 0);
+                      context.clear(sRect(10, 10), sColor::Red);
+                      context.setRenderTarget(mOther);
+                      context.setDrawLevel(2, 0);
+                      context.clear(sRect(10, 10), sColor::Red);
+                      context.setRenderTarget(nullptr);
+                      context.setDrawLevel(3, 0);
+                      addBox(context);
+                      addLine(context, {0, 0}, {0, 5});
+                  }),
+              "[4] [0] clear clear 4 2 ")
+        << "and behind a clear of another target nothing is where the window says";
+    EXPECT_EQ(mLastJoined.scissor, scissor);
+}
+
+TEST_F(CommandJoinTest, FullMemoryAndFullDrawsBeginAnewOrStayPlain)
+{
+    const auto addMany = [](DrawContext& context, unsigned int number)
+    {
+        for (unsigned int i = 0; i < number; ++i)
+        {
+            context.setScissorRect(sRect(0, 0, 100 + static_cast<int>(i % 2), 100));
+            for (int line = 0; line < 500; ++line)
+                addLine(context, {0, line % 90}, {50, line % 90});
+        }
+    };
+    mRoom = 0x100000;
+    EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 10); }), "[16000] [4000] ");
+    mRoom = 100000;
+    EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 4); }), "[4000] 1000 1000 ");
+    mRoom = 0;
+    EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 2); }), "1000 1000 ");
+    mRoom = 100000;
+    mJoin.setSolidTexel(nullptr, Solid);
+    EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 2); }), "1000 1000 ");
+}
