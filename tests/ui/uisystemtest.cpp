@@ -9,6 +9,7 @@
 #include "tests/support/probe.h"
 #include "tests/support/tracecapture.h"
 #include "ui/uidesktop.h"
+#include "ui/uidialog.h"
 #include "ui/uimainmenu.h"
 #include "ui/uimenu.h"
 #include "ui/uipainter.h"
@@ -63,6 +64,25 @@ public:
 
 private:
     unsigned int mCommandNum;
+};
+
+// Deletes its children whenever it is updated.
+class Shedder : public UIBase
+{
+public:
+    void update(float) override { removeChildren(); }
+};
+
+// Counts the dialogs that it hears of.
+class Listener : public UIBase
+{
+public:
+    explicit Listener(int& heard) : mHeard(heard) {}
+
+    void hear(UIDialog*) { ++mHeard; }
+
+private:
+    int& mHeard;
 };
 }
 
@@ -509,6 +529,33 @@ TEST_P(UISystemThreadsTest, UpdatesAndPaintsMoreWindowsThanThereAreThreads)
     for (unsigned int i = 0; sorted[i]->kind != eCommand::End; ++i)
         reached = std::max(reached, sorted[i]->key & 0xFFFF);
     EXPECT_EQ(reached, 1u + 10u * 8u);
+}
+
+TEST_P(UISystemThreadsTest, ElementsMayDieInJobs)
+{
+    int heard = 0;
+    Listener* listeners[12];
+    for (Listener*& listener : listeners)
+    {
+        Shedder* shedder = new Shedder;
+        addWindow("w", {0, 0})->add(shedder);
+        listener = new Listener(heard);
+        shedder->add(listener);
+        mInterface.add(
+            new UIDialog(0, false, false, false, "", UIDialog::eButtons::Ok, listener, &Listener::hear, nullptr));
+    }
+    UIDialog* answered = static_cast<UIDialog*>(*mSystem.getAddWindowList().rbegin());
+    answered->close();
+    mSystem.focus(listeners[5]);
+    mInterface.runFrame();
+    EXPECT_EQ(heard, 1) << "as long as it lives";
+    EXPECT_EQ(mSystem.getFocus(), nullptr);
+    while (!mSystem.getWindowList().empty())
+    {
+        static_cast<UIWindow*>(*mSystem.getWindowList().begin())->close();
+        mInterface.runFrame();
+    }
+    EXPECT_EQ(heard, 1);
 }
 
 TEST_P(UISystemThreadsTest, LeavesOutWindowsForWhichAFrameHasNoRoom)
