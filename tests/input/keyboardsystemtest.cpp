@@ -87,8 +87,7 @@ TEST_F(KeyboardSystemTest, AKeyIsDownAsLongAsItIsDownOnAnyKeyboard)
 
     Vector<recDevice> devices;
     EXPECT_FALSE(mHID->getDeviceList(devices, 1, 5));
-    EXPECT_TRUE(mHID->getDeviceList(devices, 1, 2));
     EXPECT_TRUE(mHID->getDeviceList(devices, 1, 6));
-    ASSERT_EQ(devices.size(), 3u) << "found devices are appended";
-    EXPECT_STREQ(devices[2]->description.product, "Second");
+    ASSERT_EQ(devices.size(), 2u);
+    EXPECT_STREQ(devices[1]->description.product, "Second");
 }
