@@ -41,6 +41,7 @@ TEST_F(MouseSystemTest, KeepsWhatItSawUntilTheNextUpdate)
 {
     mApplication.sendMouse({.x = 30, .y = 40});
     mApplication.sendMouse({.kind = eMouseEvent::Wheel, .x = 30, .y = 40, .axis = 1, .amount = 3});
+    EXPECT_EQ(mMouse->getPosition(), sPoint::Zero);
     mMouse->update();
     EXPECT_EQ(mMouse->getPosition(), sPoint(30, 40));
     EXPECT_EQ(mMouse->getWheelAmount(), sPoint(0, 3));
