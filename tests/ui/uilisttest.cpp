@@ -177,8 +177,8 @@ TEST_F(UIListTest, PrintsTheColumnsOfARowThatHaveItsProperty)
     const auto draws = paint();
     EXPECT_EQ(mList.mRows.size(), 2u);
     EXPECT_EQ(mList.mCells, (std::vector<sRect>{{1, 17, 60, 33}, {105, 17, 154, 33}}));
-    EXPECT_EQ(draws[1].vertices[0].color, UIColorScheme::mDefaultClientRegionSelectColor);
-    EXPECT_EQ(draws[2].vertices.size(), 8u) << "the present value has two digits";
-    EXPECT_EQ(draws[2].vertices[0].color, UIColorScheme::mDefaultClientSelectFontColor);
-    EXPECT_EQ(draws[3].vertices[0].x, 154 - 12);
+    EXPECT_EQ(draws[0].vertices[4].color, UIColorScheme::mDefaultClientRegionSelectColor);
+    EXPECT_EQ(draws[1].vertices.size(), 8u) << "the present value has two digits";
+    EXPECT_EQ(draws[1].vertices[0].color, UIColorScheme::mDefaultClientSelectFontColor);
+    EXPECT_EQ(draws[2].vertices[0].x, 154 - 12);
 }

@@ -130,5 +130,5 @@ TEST_F(UIPulldownListTest, PaintsTheItemsInViewAndFloats)
     for (const sRecordedDraw& draw : draws)
         if (draw.command.state.getVertexDecl() == eVertexDecl::Textured)
             texts.push_back(draw.vertices[0].color);
-    EXPECT_EQ(texts, (std::vector<sColor>{sColor::Black, sColor::Black, sColor::Black, sColor::Black, sColor::White}));
+    EXPECT_EQ(texts, (std::vector<sColor>{sColor::Black, sColor::Black, sColor::Black, sColor::White}));
 }

@@ -68,7 +68,7 @@ TEST_F(UIScrollBarTest, ShowsPositionAndRangeAsAThumb)
         {{-100, 100, 50, 0}, 62, 87}, {{0, 200, 50, 200}, 112, 137}, // A position limited by the maximum alone.
         {{0, 10000, 10, 0}, 12, 16},                                 // Four pixels at least.
         {{0, 5, 4, 1}, 32, 112},      {{0, 4, 1, 1}, 0, 0},
-        {{0, 200, 200, 0}, 0, 0},     {{INT_MIN, INT_MAX, 0x80000000u, 0}, 61, 111},
+        {{0, 200, 200, 0}, 0, 0},     {{INT_MIN, INT_MAX, 0x80000000u, 0}, 62, 112},
     };
     UIScrollBar level(eDirection::Horizontal);
     level.setSize({124, 12});
