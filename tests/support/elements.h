@@ -1,17 +1,15 @@
 #pragma once
 
-#include "ui/uibase.h"
+#include "tests/support/headlesssystems.h"
+#include "ui/uipainter.h"
 
 #include <vector>
 
-// An element that stands where the test puts it and counts what reaches it.
+// An element that counts what reaches it.
 class ProbeElement : public UIBase
 {
 public:
-    ProbeElement(unsigned int width, unsigned int height, unsigned int attribute = 0) : UIBase(attribute)
-    {
-        setSize({width, height});
-    }
+    explicit ProbeElement(const sSize& size, unsigned int attribute = 0) : UIBase(attribute) { setSize(size); }
 
     void eventPaint(UIPainter*) override { ++mPainted; }
     void eventMouseWheel(const sPoint& amount) override { mWheel += amount; }
@@ -22,6 +20,11 @@ public:
     sPoint mWheel = sPoint::Zero;
 };
 
+inline UIBase* getChild(const UIBase& parent, int index)
+{
+    return *(parent.getChildrenBegin() + index);
+}
+
 // Where the children of an element are, relative to it.
 inline std::vector<sRect> getRegions(const UIBase& parent)
 {
@@ -31,16 +34,20 @@ inline std::vector<sRect> getRegions(const UIBase& parent)
     return regions;
 }
 
-// The child of that number.
-inline UIBase* getChild(const UIBase& parent, int index)
-{
-    return *(parent.getChildrenBegin() + index);
-}
-
-// As a frame does it, for a root as large as the view.
+// As a frame does it, for a root that is shown as a whole.
 inline void updateFrame(UIBase& root)
 {
-    constexpr sRect View(0, 0, 1024, 768);
     root.update(1.0f);
-    root.updateRegion(View, View);
+    root.updateRegion(sRect::Max, sRect::Max);
+}
+
+inline std::vector<sRecordedDraw> paintFrame(const HeadlessSystems& systems, UIBase& root)
+{
+    updateFrame(root);
+    return systems.record(
+        [&root](DrawContext& context)
+        {
+            UIPainter painter(&context, 0);
+            root.sendMessage(UIPaintMessage(&painter));
+        });
 }

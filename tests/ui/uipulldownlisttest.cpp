@@ -1,10 +1,7 @@
 #include "ui/uipulldownlist.h"
 
 #include "tests/support/elements.h"
-#include "tests/support/headlesssystems.h"
-#include "ui/uicolor.h"
 #include "ui/uikeycode.h"
-#include "ui/uipainter.h"
 #include "ui/uisystem.h"
 
 #include <gtest/gtest.h>
@@ -12,14 +9,24 @@
 class UIPulldownListTest : public testing::Test
 {
 protected:
-    UIPulldownListTest() { mList.setSize({100, 50}); }
+    UIPulldownListTest() { mParent.add(&mList); }
+    ~UIPulldownListTest() override { mList.remove(); }
 
+    // The list has room for three items.
     void fill(int count)
     {
+        mList.setSize({100, 50});
         mList.clearItem();
         for (int i = 0; i < count; ++i)
-            mList.addItem(std::string(1, static_cast<char>('a' + i)).c_str());
-        updateFrame(mList);
+            mList.addItem(std::string(1, static_cast<char>('a' + i % 26)).c_str());
+        updateFrame(mParent);
+    }
+
+    void press(int y, unsigned int button = 1) { mList.sendMessage(UIMouseDownMessage(sPoint(20, y), button)); }
+    unsigned int hover(int y)
+    {
+        mList.sendMessage(UIMouseMoveMessage(sPoint(20, y)));
+        return mList.getSelectItem();
     }
 
     void notify()
@@ -28,9 +35,8 @@ protected:
         ++mClosed;
     }
 
-    UIBase* getBar() { return getChild(mList, 0); }
-
     HeadlessSystems mSystems;
+    ProbeElement mParent{{10, 10}};
     unsigned int mChosen = 0;
     unsigned int mClosed = 0;
     UIPulldownList mList{this, &UIPulldownListTest::notify};
@@ -43,17 +49,15 @@ TEST_F(UIPulldownListTest, ClosesWithAChoiceOrWithNone)
     {
         mList.show();
         system->focus(&mList);
-        mList.sendMessage(UIMouseMoveMessage(sPoint(20, 17)));
-        EXPECT_EQ(mList.getSelectItem(), 1u);
+        EXPECT_EQ(hover(17), 1u);
     };
     fill(3);
-
     open();
-    mList.sendMessage(UIMouseDownMessage(sPoint(20, 60), 1));
-    mList.sendMessage(UIMouseDownMessage(sPoint(20, 0), 1));
-    mList.sendMessage(UIMouseDownMessage(sPoint(20, 40), 2));
+    press(60);
+    press(0);
+    press(40, 2);
     EXPECT_EQ(mClosed, 0u) << "no item was pressed";
-    mList.sendMessage(UIMouseDownMessage(sPoint(20, 33), 1));
+    press(33);
     EXPECT_EQ(mChosen, 2u);
     EXPECT_FALSE(mList.isVisible());
 
@@ -72,25 +76,17 @@ TEST_F(UIPulldownListTest, ClosesWithAChoiceOrWithNone)
 TEST_F(UIPulldownListTest, KeepsTheHighlightedItemInView)
 {
     fill(3);
-    EXPECT_FALSE(getBar()->isVisible()) << "48 rows of pixels and the border";
+    EXPECT_FALSE(getChild(mList, 0)->isVisible());
     fill(6);
-    ASSERT_TRUE(getBar()->isVisible());
-    EXPECT_EQ(getBar()->getRelRegion(), sRect(88, 0, 100, 50));
-    const struct
+    EXPECT_TRUE(getChild(mList, 0)->isVisible());
+    EXPECT_EQ(getChild(mList, 0)->getRelRegion(), sRect(88, 0, 100, 50));
+    for (const auto& [item, first] : {std::pair(2u, 0u), {5u, 2u}, {3u, 2u}, {2u, 2u}, {1u, 1u}, {0u, 0u}})
     {
-        unsigned int item;
-        int firstRow;
-    } cases[] = {{2, 0}, {5, 32}, {3, 32}, {2, 32}, {1, 16}, {0, 0}};
-    for (const auto& row : cases)
-    {
-        mList.setSelectItem(row.item);
-        mList.sendMessage(UIMouseMoveMessage(sPoint(20, 1)));
-        EXPECT_EQ(mList.getSelectItem(), static_cast<unsigned int>(row.firstRow / 16)) << row.item;
+        mList.setSelectItem(item);
+        EXPECT_EQ(hover(1), first) << item;
     }
     mList.setSelectItem(6);
     EXPECT_EQ(mList.getSelectItem(), 0u);
-    mList.setSelectItem(UIPulldownList::NoRow);
-    EXPECT_EQ(mList.getSelectItem(), UIPulldownList::NoRow);
 }
 
 TEST_F(UIPulldownListTest, ForgetsTheSelectionWithEachChangeOfItsItems)
@@ -110,25 +106,12 @@ TEST_F(UIPulldownListTest, ForgetsTheSelectionWithEachChangeOfItsItems)
 
 TEST_F(UIPulldownListTest, PaintsTheItemsInViewAndFloats)
 {
-    ProbeElement parent(10, 10);
-    UIPulldownList* list = new UIPulldownList;
-    parent.add(list);
-    list->setSize({100, 50});
-    for (int i = 0; i < 1000; ++i)
-        list->addItem("x");
-    updateFrame(parent);
-    EXPECT_EQ(list->getDrawRegion(), sRect(0, 0, 100, 50)) << "beyond its parent";
-    list->setSelectItem(503);
-    const auto draws = mSystems.record(
-        [list](DrawContext& context)
-        {
-            UIPainter painter(&context, 0);
-            painter.setRegion(list->getDrawRegion(), sPoint::Zero);
-            list->eventPaint(&painter);
-        });
+    fill(1000);
+    mList.setSelectItem(503);
     std::vector<sColor> texts;
-    for (const sRecordedDraw& draw : draws)
+    for (const sRecordedDraw& draw : paintFrame(mSystems, mParent))
         if (draw.command.state.getVertexDecl() == eVertexDecl::Textured)
             texts.push_back(draw.vertices[0].color);
     EXPECT_EQ(texts, (std::vector<sColor>{sColor::Black, sColor::Black, sColor::Black, sColor::White}));
+    EXPECT_EQ(mList.getDrawRegion(), sRect(0, 0, 100, 50)) << "beyond its parent";
 }

@@ -4,91 +4,69 @@
 
 #include <gtest/gtest.h>
 
-namespace
-{
-using eDirection = UISplitter::eSplitDirection;
-using eBase = UISplitter::eSplitBase;
-}
-
 class UISplitterTest : public testing::Test
 {
 protected:
-    UISplitter& make(eDirection direction, eBase base, unsigned int size, const sSize& whole)
+    using eDirection = UISplitter::eSplitDirection;
+    using eBase = UISplitter::eSplitBase;
+
+    // The base pane is at least 10 by 20.
+    UISplitter& make(eDirection direction, eBase base, unsigned int size)
     {
-        UIBase* panes[] = {new ProbeElement(0, 0), new ProbeElement(0, 0)};
+        UIBase* panes[] = {new ProbeElement({0, 0}), new ProbeElement({0, 0})};
         panes[base == eBase::Second]->setMinimumSize({10, 20});
-        mSplitter = new UISplitter(panes[0], panes[1], direction, size, base);
-        mSplitter->setSize(whole);
-        mParent = std::make_unique<ProbeElement>(500, 500);
-        mParent->add(mSplitter);
-        return *mSplitter;
+        UISplitter* splitter = new UISplitter(panes[0], panes[1], direction, size, base);
+        splitter->setSize({200, 100});
+        mParent.add(splitter);
+        return *splitter;
     }
 
-    std::unique_ptr<ProbeElement> mParent;
-    UISplitter* mSplitter = nullptr;
+    ProbeElement mParent{{500, 500}};
 };
 
-TEST_F(UISplitterTest, DividesItsAreaAroundAGapOfFour)
+TEST_F(UISplitterTest, DividesItsAreaAndFollowsTheDraggedGap)
 {
+    using enum eDirection;
+    using enum eBase;
     const struct
     {
         eDirection direction;
         eBase base;
         unsigned int size;
         sRect first, second;
+        int position;
+        unsigned int draggedSize;
     } cases[] = {
-        {eDirection::Above, eBase::First, 40, {0, 0, 200, 36}, {0, 40, 200, 100}},
-        {eDirection::Above, eBase::Second, 40, {0, 0, 200, 60}, {0, 64, 200, 100}},
-        {eDirection::Beside, eBase::First, 40, {0, 0, 36, 100}, {40, 0, 200, 100}},
-        {eDirection::Beside, eBase::Second, 40, {0, 0, 160, 100}, {164, 0, 200, 100}},
-        {eDirection::Above, eBase::First, 3, {0, 0, 200, 20}, {0, 8, 200, 100}}, // 8, and the pane's own minimum.
-        {eDirection::Above, eBase::First, 150, {0, 0, 200, 146}, {0, 150, 200, 150}},
-        {eDirection::Above, eBase::Second, 150, {0, 0, 200, 0}, {0, -46, 200, 100}},
+        {Above, First, 40, {0, 0, 200, 36}, {0, 40, 200, 100}, 60, 60},
+        {Above, Second, 40, {0, 0, 200, 60}, {0, 64, 200, 100}, 60, 40},
+        {Beside, First, 40, {0, 0, 36, 100}, {40, 0, 200, 100}, 5, 14},
+        {Beside, Second, 40, {0, 0, 160, 100}, {164, 0, 200, 100}, 60, 140},
+        {Above, First, 3, {0, 0, 200, 20}, {0, 8, 200, 100}, -1, 24}, // 8, and the pane's own minimum.
+        {Above, First, 150, {0, 0, 200, 146}, {0, 150, 200, 150}, 100, 100},
+        {Above, Second, 150, {0, 0, 200, 0}, {0, -46, 200, 100}, -1, 24},
+        {Above, Second, 40, {0, 0, 200, 60}, {0, 64, 200, 100}, 100, 100},
     };
     for (const auto& row : cases)
     {
-        UISplitter& splitter = make(row.direction, row.base, row.size, {200, 100});
+        UISplitter& splitter = make(row.direction, row.base, row.size);
         splitter.update(1.0f);
         EXPECT_EQ(getRegions(splitter), (std::vector<sRect>{row.first, row.second})) << row.size;
-    }
-    EXPECT_EQ(make(eDirection::Above, eBase::First, 3, {200, 100}).getSplitSize(), 8u);
-}
-
-TEST_F(UISplitterTest, FollowsTheDraggedGapDownToTheMinimumOfItsBase)
-{
-    const struct
-    {
-        eDirection direction;
-        eBase base;
-        int position;
-        unsigned int size;
-    } cases[] = {
-        {eDirection::Above, eBase::First, 60, 60},  {eDirection::Above, eBase::First, 23, 24},
-        {eDirection::Above, eBase::First, -1, 24},  {eDirection::Above, eBase::First, 100, 100},
-        {eDirection::Above, eBase::Second, 60, 40}, {eDirection::Above, eBase::Second, 77, 24},
-        {eDirection::Above, eBase::Second, -1, 24}, {eDirection::Above, eBase::Second, 100, 100},
-        {eDirection::Beside, eBase::First, 5, 14},  {eDirection::Beside, eBase::Second, 60, 140},
-    };
-    for (const auto& row : cases)
-    {
-        UISplitter& splitter = make(row.direction, row.base, 40, {200, 100});
-        const bool beside = row.direction == eDirection::Beside;
-        EXPECT_EQ(splitter.getCursor(), beside ? UIBase::eCursor::LeftRight : UIBase::eCursor::UpDown);
         splitter.sendMessage(UIMouseDownMessage(sPoint(38, 38), 3));
-        splitter.sendMessage(UIMouseMoveMessage(beside ? sPoint(row.position, 50) : sPoint(50, row.position)));
-        EXPECT_EQ(splitter.getSplitSize(), row.size) << row.position;
-        EXPECT_EQ(mParent->mMoved, 0u);
+        splitter.sendMessage(
+            UIMouseMoveMessage(row.direction == Beside ? sPoint(row.position, 50) : sPoint(50, row.position)));
+        EXPECT_EQ(splitter.getSplitSize(), row.draggedSize) << row.position;
     }
+    EXPECT_EQ(mParent.mMoved, 0u);
 }
 
 TEST_F(UISplitterTest, LetsOtherInputRiseToItsParent)
 {
-    UISplitter& splitter = make(eDirection::Above, eBase::First, 40, {200, 100});
+    UISplitter& splitter = make(eDirection::Above, eBase::First, 40);
     splitter.sendMessage(UIMouseMoveMessage(sPoint(60, 60)));
     splitter.sendMessage(UIMouseDownMessage(sPoint(38, 38), 2));
     splitter.sendMessage(UIMouseMoveMessage(sPoint(60, 60)));
     splitter.sendMessage(UIMouseWheelMessage(sPoint(0, 3)));
     EXPECT_EQ(splitter.getSplitSize(), 40u);
-    EXPECT_EQ(mParent->mMoved, 2u);
-    EXPECT_EQ(mParent->mWheel, sPoint(0, 3));
+    EXPECT_EQ(mParent.mMoved, 2u);
+    EXPECT_EQ(mParent.mWheel, sPoint(0, 3));
 }
