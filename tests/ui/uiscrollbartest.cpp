@@ -20,11 +20,7 @@ protected:
     }
 
     // Each returns where the bar is afterwards.
-    int send(const UIMessage& message, UIBase* element = nullptr)
-    {
-        (element ? element : &mBar)->sendMessage(message);
-        return mBar.getBarPosition();
-    }
+    int send(const UIMessage& message) { return mBar.sendMessage(message), mBar.getBarPosition(); }
     int press(int y, unsigned int button = 1) { return send(UIMouseDownMessage(sPoint(5, y), button)); }
     int drag(int y) { return send(UIMouseMoveMessage(sPoint(5, y))); }
 
@@ -61,17 +57,15 @@ TEST_F(UIScrollBarTest, StepsByArrowsAndTheWheelInItsLimits)
     set(mBar, 10, 100, 20, 500);
     mBar.update(1.0f);
     EXPECT_EQ(getRegions(mBar), (std::vector<sRect>{{0, 0, 12, 12}, {0, 112, 12, 124}}));
-    for (const auto& [arrow, expected] : {std::pair(1, 100), {0, 99}})
+    for (const int expected : {99, 100, 100})
     {
-        send(UIMouseDownMessage(sPoint(5, 5), 1), getChild(mBar, arrow));
-        EXPECT_EQ(send(UIMouseUpMessage(sPoint(5, 5), 1), getChild(mBar, arrow)), expected);
-    }
-    EXPECT_EQ(send(UIMouseWheelMessage(sPoint(50, 3))), 96) << "its own axis only";
-    for (const auto& [range, expected] : {std::pair(30u, 70), {0xFFFFFFFFu, 10}})
-    {
-        mBar.setBarRange(range);
+        UIBase* arrow = *(mBar.getChildrenBegin() + (expected == 100));
+        arrow->sendMessage(UIMouseUpMessage(sPoint(5, 5), 1));
         EXPECT_EQ(mBar.getBarPosition(), expected);
     }
+    EXPECT_EQ(send(UIMouseWheelMessage(sPoint(50, 3))), 97) << "its own axis only";
+    mBar.setBarRange(0xFFFFFFFF);
+    EXPECT_EQ(mBar.getBarPosition(), 10);
     set(mBar, INT_MIN, INT_MAX, 0, INT_MAX);
     EXPECT_EQ(send(UIMouseWheelMessage(sPoint(0, -3))), INT_MAX);
 }
