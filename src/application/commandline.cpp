@@ -19,6 +19,7 @@ constexpr sOptionRow OptionTable[] = {
     {"--root", "a directory", &sCommandLine::root, nullptr, nullptr},
     {"--play", "the name of an animation", &sCommandLine::play, nullptr, nullptr},
     {"--frames", "a number of frames from 1 on", nullptr, &sCommandLine::frames, nullptr},
+    {"--gallery", nullptr, nullptr, nullptr, &sCommandLine::gallery},
     {"--headless", nullptr, nullptr, nullptr, &sCommandLine::headless},
     {"--help", nullptr, nullptr, nullptr, &sCommandLine::help},
     {"--version", nullptr, nullptr, nullptr, &sCommandLine::version},
@@ -56,6 +57,7 @@ const char* sCommandLine::getHelpText()
            "\n"
            "  --root DIR     keep the data in DIR\n"
            "  --play NAME    show an animation: a name such as \"walk\", or a file that ends in \".asq.xml\"\n"
+           "  --gallery      show every element of the interface\n"
            "  --frames N     end after N frames\n"
            "  --headless     run without a window\n"
            "  --help         show this text\n"

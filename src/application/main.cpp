@@ -1,4 +1,5 @@
 #include "application/commandline.h"
+#include "application/gallery.h"
 #include "application/playtarget.h"
 #include "application/testapp.h"
 #include "application/viewer.h"
@@ -81,6 +82,8 @@ int runProgram(const sCommandLine& line)
     TestApp application(&Initializer);
     application.setup();
     application.setFrameLimit(line.frames);
+    if (line.gallery && application.getWindowHandle())
+        Gallery::openAll();
     const bool isPlayer = !line.play.empty() && application.getWindowHandle();
     if (isPlayer && !application.play(line.play.c_str()))
         return refuse(line.play + " is not an animation");

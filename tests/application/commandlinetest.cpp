@@ -23,8 +23,8 @@ TEST(CommandLineTest, TakesTheOptionsInAnyOrder)
     EXPECT_EQ(line.root, "data");
     EXPECT_EQ(line.play, "walk");
     EXPECT_TRUE(line.headless);
-    EXPECT_FALSE(line.help || line.version);
-    EXPECT_TRUE(parse({"--help"}).help && parse({"--version"}).version);
+    EXPECT_FALSE(line.help || line.version || line.gallery);
+    EXPECT_TRUE(parse({"--help"}).help && parse({"--version"}).version && parse({"--gallery"}).gallery);
 }
 
 TEST(CommandLineTest, NamesWhatIsWrong)
