@@ -1,7 +1,6 @@
 #include "application/application.h"
 #include "application/systemmanager.h"
 #include "application/viewer.h"
-#include "platform/platform.h"
 #include "render/rendersystem.h"
 #include "resource/resourcesystem.h"
 #include "resource/textureresource.h"
@@ -9,13 +8,13 @@
 #include "tests/support/headlesssystems.h"
 #include "tests/support/images.h"
 #include "tests/support/referencepicture.h"
-#include "tests/support/temporarydirectory.h"
+#include "tests/window/sampleplace.h"
 #include "ui/uipainter.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
+#include <functional>
 #include <random>
 
 namespace
@@ -26,24 +25,6 @@ constexpr int Width = 1024;
 constexpr int Height = 768;
 constexpr sColor Background(77, 77, 77, 0);
 constexpr Application::sInitializer Initializer = {"Picture", Width, Height, 60, 20, 240};
-
-// A directory of data with the samples, behind a real window.
-class SamplePlace : public TemporaryDirectory
-{
-public:
-    SamplePlace()
-    {
-        std::filesystem::copy(SAMPLE_DIRECTORY, *this / "intermediate", std::filesystem::copy_options::recursive);
-        EXPECT_TRUE(Platform::create(ePlatform::SDL));
-        Platform::forceResourceDirectory(getPath().c_str());
-    }
-
-    ~SamplePlace()
-    {
-        Platform::forceResourceDirectory("");
-        Platform::destroy();
-    }
-};
 
 class WindowApplication : public SamplePlace, public Application
 {

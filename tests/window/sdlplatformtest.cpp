@@ -1,4 +1,5 @@
 #include "platform/platform.h"
+#include "tests/window/windowmanager.h"
 
 #include <gtest/gtest.h>
 
@@ -8,54 +9,12 @@
 #include <string>
 #include <vector>
 
-#include <X11/Xlib.h>
 #include <unistd.h>
 
 namespace
 {
 constexpr unsigned int Width = 320;
 constexpr unsigned int Height = 240;
-
-// What a window manager would do; there is none on a bare display.
-class WindowManager
-{
-public:
-    explicit WindowManager(const std::string& title) : mpDisplay(XOpenDisplay(nullptr))
-    {
-        Window root = 0;
-        Window parent = 0;
-        Window* windows = nullptr;
-        unsigned int windowNum = 0;
-        XQueryTree(mpDisplay, DefaultRootWindow(mpDisplay), &root, &parent, &windows, &windowNum);
-        for (unsigned int i = 0; i < windowNum; ++i)
-        {
-            char* name = nullptr;
-            if (XFetchName(mpDisplay, windows[i], &name) && title == name)
-                mWindow = windows[i];
-            XFree(name);
-        }
-        XFree(windows);
-    }
-
-    ~WindowManager() { XCloseDisplay(mpDisplay); }
-
-    void focus() { XSetInputFocus(mpDisplay, mWindow, RevertToParent, CurrentTime); }
-
-    void pressCloseBox()
-    {
-        XEvent event = {};
-        event.xclient.type = ClientMessage;
-        event.xclient.window = mWindow;
-        event.xclient.message_type = XInternAtom(mpDisplay, "WM_PROTOCOLS", False);
-        event.xclient.format = 32;
-        event.xclient.data.l[0] = static_cast<long>(XInternAtom(mpDisplay, "WM_DELETE_WINDOW", False));
-        XSendEvent(mpDisplay, mWindow, False, NoEventMask, &event);
-    }
-
-private:
-    Display* mpDisplay;
-    Window mWindow = 0;
-};
 }
 
 // A real window. xdotool presses keys and buttons on it; the window lies at (100, 100).
