@@ -6,6 +6,7 @@
 #include "reflection/objectbase.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -87,6 +88,9 @@ private:
 
 namespace
 {
+// Children that are looked at one by one before an index of the others is made.
+constexpr unsigned int NearTagNum = 64;
+
 // Adds up what a tree would take.
 struct sTreeSize
 {
@@ -197,11 +201,66 @@ ObjectBase* XmlReader::makeObject(const char* tagName) const
 bool XmlReader::openTag(const char* name)
 {
     const sTag* tag = getFirstChild();
-    while (tag && !AutoString::isEqual(tag->name, name))
+    unsigned int look = 0;
+    for (; tag && look < NearTagNum && !AutoString::isEqual(tag->name, name); ++look)
         tag = tag->next;
+    if (look == NearTagNum)
+        tag = findFarTag(tag, name);
     if (tag)
         mpTag = tag;
     return tag != nullptr;
+}
+
+// A list asks for each of its elements by name: one walk for each would take for ever in a long list.
+const XmlReader::sTag* XmlReader::findFarTag(const sTag* first, const char* name)
+{
+    const sIndex* index = mpIndex;
+    while (index && index->first != first)
+        index = index->next;
+    if (!index && first)
+        index = addIndex(first);
+    if (!index)
+        return nullptr;
+
+    const sTag** const end = index->tags + index->num;
+    const sTag** const found = std::lower_bound(
+        index->tags, end, name, [](const sTag* tag, const char* wanted) { return std::strcmp(tag->name, wanted) < 0; });
+    return found != end && AutoString::isEqual((*found)->name, name) ? *found : nullptr;
+}
+
+// Null when the heap is full.
+XmlReader::sIndex* XmlReader::addIndex(const sTag* first)
+{
+    const unsigned int num = countTags(first);
+    sIndex* index = mArena.make<sIndex>();
+    void* tags = mArena.allocate(num * sizeof(const sTag*));
+    if (!index || !tags)
+        return nullptr;
+    *index = {first, mpIndex, static_cast<const sTag**>(tags), num};
+    mpIndex = index;
+    for (unsigned int i = 0; i < num; ++i, first = first->next)
+        index->tags[i] = first;
+    std::stable_sort(index->tags, index->tags + num,
+                     [](const sTag* a, const sTag* b) { return std::strcmp(a->name, b->name) < 0; });
+    return index;
+}
+
+unsigned int XmlReader::countTags(const sTag* first)
+{
+    unsigned int num = 0;
+    for (; first; first = first->next)
+        ++num;
+    return num;
+}
+
+bool XmlReader::claimPlaces(unsigned int num)
+{
+    const unsigned int tagNum = countTags(getFirstChild());
+    const unsigned int missing = num > tagNum ? num - tagNum : 0;
+    if (missing > mFreePlaceNum)
+        return false;
+    mFreePlaceNum -= missing;
+    return true;
 }
 
 void XmlReader::closeTag()

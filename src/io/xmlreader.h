@@ -50,6 +50,10 @@ public:
     // Whether the open tag has tags below it.
     bool hasTags() const { return getFirstChild() != nullptr; }
 
+    // Whether a list with the open tag may be that long. A place without a tag of its own costs a document nothing,
+    // so the number of such places in all its lists together is limited.
+    [[nodiscard]] bool claimPlaces(unsigned int num);
+
     // An attribute of the open tag; the first of that name wins. AutoString::Null without one. Equal texts share one
     // buffer.
     AutoString getAttribute(const char* name) const;
@@ -85,7 +89,20 @@ private:
         unsigned int attributeNum;
     };
 
+    // Children of one tag from a certain one on, sorted by name; of equal names the first stands first.
+    struct sIndex
+    {
+        const sTag* first;
+        sIndex* next;
+        const sTag** tags;
+        unsigned int num;
+    };
+
     class TreeBuilder;
+
+    static unsigned int countTags(const sTag* first);
+    const sTag* findFarTag(const sTag* first, const char* name);
+    sIndex* addIndex(const sTag* first);
 
     ObjectBase* makeObject(const char* tagName) const;
 
@@ -94,6 +111,8 @@ private:
     XmlArena mArena; // the text and the tree
     mutable XmlTextPool mTexts;
     sTag* mpFirstRoot = nullptr;
-    const sTag* mpTag = nullptr; // the open one, null outside the roots
+    const sTag* mpTag = nullptr;        // the open one, null outside the roots
+    sIndex* mpIndex = nullptr;          // the newest one
+    unsigned int mFreePlaceNum = 65535; // places of lists without a tag that are still granted
     Map<ObjectBase> mObjects;
 };

@@ -174,7 +174,7 @@ void ObjectList::deserializeStable(XmlReader* reader)
 void ObjectList::deserializeOwned(XmlReader* reader)
 {
     const long long count = readCount(reader);
-    if (count == NoCount)
+    if (count == NoCount || !reader->claimPlaces(static_cast<unsigned int>(count)))
     {
         DEV_TRACE("count not found.\n");
         setCount(0);

@@ -130,6 +130,23 @@ TEST(XmlReaderTest, WalksTheTreeByName)
     EXPECT_DEATH(reader.getAttribute("x"), "No tag is opened.");
 }
 
+TEST(XmlReaderTest, FindsTheFirstOfANameAmongMany)
+{
+    std::string document = "<a>";
+    for (unsigned int i = 0; i < 600; ++i)
+        document += "<b" + std::to_string(i % 300) + " x=\"" + std::to_string(i) + "\"/>";
+    MemoryTextStream stream(document + "</a>");
+    XmlReader reader;
+    ASSERT_TRUE(reader.load(&stream) && reader.openTag("a"));
+    for (unsigned int i = 0; i < 300; ++i)
+    {
+        ASSERT_TRUE(reader.openTag(("b" + std::to_string(i)).c_str())) << i;
+        EXPECT_EQ(reader.getAttribute("x"), std::to_string(i).c_str());
+        reader.closeTag();
+    }
+    EXPECT_FALSE(reader.openTag("b300"));
+}
+
 TEST(XmlReaderTest, LeavesTheStreamAtItsEnd)
 {
     TemporaryDirectory directory;

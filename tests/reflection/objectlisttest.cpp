@@ -133,6 +133,22 @@ TEST_F(ObjectListTest, ToleratesHostileDocuments)
     }
 }
 
+TEST_F(ObjectListTest, AFewTagsDoNotClaimTheWholeMemory)
+{
+    MemoryTextStream stream("<a list_count=\"65535\"><element0/></a>");
+    XmlReader reader;
+    ASSERT_TRUE(reader.load(&stream) && reader.openTag("a"));
+    TraceCapture traces;
+    for (unsigned int size : {65535u, 0u})
+    {
+        ObjectList list;
+        list.setContentStability(false);
+        list.deserialize(&reader);
+        EXPECT_EQ(list.size(), size);
+    }
+    EXPECT_EQ(traces.take(), "element0 id not found.\ncount not found.\n");
+}
+
 TEST_F(ObjectListTest, KnownElementsAreNotFilledTwice)
 {
     const std::string number = "<number type='s32' count='0' value='4' />";
