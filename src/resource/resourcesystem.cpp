@@ -116,6 +116,12 @@ bool buildNative(ResourceBase& native, ResourceBase& intermediate, const AutoStr
     return false;
 }
 
+// The registry knows nothing under 0, a hash that a file may have been named for.
+bool isLoadable(const sResourceFile& file, const LoadMark& mark)
+{
+    return file.hash != 0 && !mark.isNested();
+}
+
 ResourceBase* refuse(ResourceBase* resource, const AutoString& key)
 {
     DEV_TRACE("Resource %s loading fail.\n", key.c_str());
@@ -248,9 +254,9 @@ ResourceBase* ResourceSystem::createNewResource(const TypeInfo* type)
     // On purpose: there is no dot between the name and the extension.
     AutoString name("newfile");
     AutoString path = AutoString(getDirectory(*resource)) + name + resource->getExtension();
-    for (unsigned int counter = 0; Utils::isFileExist(path.c_str()) || mRegistry.find(path.hash()); ++counter)
+    for (int counter = 0; Utils::isFileExist(path.c_str()) || mRegistry.find(path.hash()); ++counter)
     {
-        name.format("newfile%u", counter);
+        name.format("newfile%d", counter);
         path = AutoString(getDirectory(*resource)) + name + resource->getExtension();
     }
     resource->setPath(path);
@@ -276,7 +282,7 @@ ResourceBase* ResourceSystem::loadIntermediate(ResourceBase* resource, const cha
 
     const LoadMark mark(source.hash);
     const bool binary = (resource->getAttribute() & ResourceBase::BinaryIntermediate) != 0;
-    if (mark.isNested() || !(binary ? loadBinary : loadText)(*resource, source.file))
+    if (!isLoadable(source, mark) || !(binary ? loadBinary : loadText)(*resource, source.file))
         return refuse(resource, source.key);
     DEV_TRACE("Resource %s loading success.\n", source.key.c_str());
     return registerLoaded(resource, source.hash);
@@ -289,7 +295,7 @@ ResourceBase* ResourceSystem::loadNative(ResourceBase* resource, const char* pat
         return registered;
 
     const LoadMark mark(native.hash);
-    if (mark.isNested())
+    if (!isLoadable(native, mark))
         return refuse(resource, native.key);
     if (loadBinary(*resource, native.file))
         return registerLoaded(resource, native.hash);

@@ -153,6 +153,8 @@ TEST_F(ResourceSystemTest, RefusesNamesThatLeadOutAndTypesThatAreNoResources)
     TextureResourceTGA* dots = create<TextureResourceTGA>("..a");
     ASSERT_NE(dots, nullptr) << "two dots are a component only on their own";
     dots->release();
+    mSystems.write("intermediate/qbo29ba.tga", makeFile(sTga{}));
+    EXPECT_EQ(create<TextureResourceTGA>("qbo29ba"), nullptr) << "its hash is 0";
 
     ResourceSystem* system = ResourceSystem::getInstance();
     EXPECT_EQ(system->createResource("a", nullptr), nullptr);
