@@ -585,19 +585,22 @@ void SequencerResourceIntermediate::moveMarker(AutoString name, unsigned int fra
     place.marker->setFrame(frame);
     const unsigned int to = findPlaceAmongOthers<SequencerMarker>(mMarkerList, *place.marker);
     markers().place(place.index, to);
-    retargetJumps(place.marker->getMarkerName(), to);
+    retargetJumps(name, name, to);
     setModify();
 }
 
 // On purpose: jumps to the markers that moved aside keep their old index.
-void SequencerResourceIntermediate::retargetJumps(const AutoString& name, unsigned int index)
+void SequencerResourceIntermediate::retargetJumps(const AutoString& name, const AutoString& newName, unsigned int index)
 {
     sMarkerRecord* record = mpMarker;
     for (ObjectBase* object : mMarkerList)
     {
-        const SequencerMarker* marker = static_cast<SequencerMarker*>(object);
+        SequencerMarker* marker = static_cast<SequencerMarker*>(object);
         if (marker->getMarkerType() == eMarkerType::JumpTarget && marker->getTargetMarkerName() == name)
+        {
+            marker->setTargetMarkerName(newName);
             record->targetIndex = index & sMarkerRecord::NoTarget;
+        }
         ++record;
     }
 }
@@ -608,12 +611,7 @@ void SequencerResourceIntermediate::setMarkerName(AutoString name, AutoString ne
     if (!place.marker || resolveMarker(newName).marker)
         return;
     place.marker->setMarkerName(newName);
-    for (ObjectBase* object : mMarkerList)
-    {
-        SequencerMarker* marker = static_cast<SequencerMarker*>(object);
-        if (marker->getMarkerType() == eMarkerType::JumpTarget && marker->getTargetMarkerName() == name)
-            marker->setTargetMarkerName(newName);
-    }
+    retargetJumps(name, newName, place.index);
     setModify();
 }
 

@@ -182,7 +182,7 @@ private:
     void updateKeyParameter(const sKeyPlace& place);
     void updateKeyInterpolateType(const sKeyPlace& place);
     void setTarget(const sMarkerPlace& place, const AutoString& targetName);
-    void retargetJumps(const AutoString& name, unsigned int index);
+    void retargetJumps(const AutoString& name, const AutoString& newName, unsigned int index);
     bool areMarkersConsistent() const;
 
     // Makes the arrays of tracks, lanes and keys anew from the tree, in an empty resource. On purpose: markers reach

@@ -199,8 +199,11 @@ TEST(SequenceEdit, TellsTargetsOfJumpsByNameAndByIndex)
     EXPECT_EQ(target(), 1u) << "stale until it is set again";
     sequence.setMarkerName("B", "Z");
     EXPECT_EQ(sequence.findMarker("J")->getTargetMarkerName(), "Z");
+    EXPECT_EQ(target(), 2u) << "a rename sets it as well";
+    sequence.addMarker("second", 2);
+    EXPECT_EQ(target(), 2u) << "stale once more";
     sequence.moveMarker("Z", 29);
-    EXPECT_EQ(target(), 2u);
+    EXPECT_EQ(target(), 3u);
     sequence.setMarkerTargetName("J", "nobody");
     EXPECT_EQ(target(), sMarkerRecord::NoTarget);
     EXPECT_EQ(sequence.findMarkerBlock(28)->getMarkerName(), "A");
