@@ -171,10 +171,7 @@ unsigned int Event::wait(unsigned int milliseconds)
 {
     // On purpose: 0xFFFFFFFF is limited like any other value, so that a wait for ever ends after some 24.8 days.
     const timespec deadline = afterMilliseconds(std::min(milliseconds, LongestWait));
-    return mRoom.wait([this] { return mSignalled.load(std::memory_order_relaxed) && mSignalled.exchange(false); },
-                      &deadline)
-               ? 0
-               : 1;
+    return mRoom.wait([this] { return mSignalled.load() && mSignalled.exchange(false); }, &deadline) ? 0 : 1;
 }
 
 Semaphore::Semaphore(unsigned int maximum, unsigned int initial)

@@ -19,13 +19,14 @@ public:
     // Ends the protection once `frame` has reached the noted one.
     void unprotect(unsigned int frame);
 
-    void end() override { mEnd = true; }
+    // Any thread may drop the last reference; the main thread may delete the object from here on.
+    void end() override { mEnd.store(true, std::memory_order_release); }
 
     // On purpose: nothing sets mProtected, so that an ended object is invalid at once.
-    bool isValid() const { return !mEnd || mProtected; }
+    bool isValid() const { return !mEnd.load(std::memory_order_acquire) || mProtected; }
 
 private:
-    bool mEnd = false;
+    std::atomic<bool> mEnd = false;
     bool mProtected = false;
     std::atomic<unsigned int> mProtectFrame = 0;
 };

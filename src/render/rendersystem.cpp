@@ -1,5 +1,6 @@
 #include "render/rendersystem.h"
 
+#include "application/systemlock.h"
 #include "foundation/dev.h"
 #include "foundation/jobsystem.h"
 #include "platform/platform.h"
@@ -126,9 +127,8 @@ unsigned int RenderSystem::getFreeEighths() const
 
 void RenderSystem::registTexture(Texture* texture)
 {
-    lock();
+    const SystemLock lock(*this);
     mTexture.addLast(texture);
-    unlock();
 }
 
 void RenderSystem::executeCommand()
@@ -205,15 +205,14 @@ void RenderSystem::swap()
 
 void RenderSystem::realizeTextures()
 {
-    lock();
+    const SystemLock lock(*this);
     for (Texture* texture : mTexture)
         texture->realize(*mpDevice);
-    unlock();
 }
 
 void RenderSystem::reapTextures()
 {
-    lock();
+    const SystemLock lock(*this);
     for (List<Texture>::iterator place = mTexture.begin(); place != mTexture.end(); ++place)
     {
         Texture* texture = *place;
@@ -225,7 +224,6 @@ void RenderSystem::reapTextures()
         place = mTexture.remove(place);
         deleteTexture(texture);
     }
-    unlock();
 }
 
 void RenderSystem::deleteTexture(Texture* texture)
