@@ -41,6 +41,7 @@ private:
 
     void makeQuadIndex();
     void makeArrays();
+    void drawQuads(unsigned int first, unsigned int quadNum);
     void setDeclaration(eVertexDecl declaration);
     void setTextureHeight(unsigned int height);
 
