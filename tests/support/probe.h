@@ -21,7 +21,7 @@ public:
     ~Probe() override { tell("gone"); }
 
     void eventCreate() override { tell("create"), Base::eventCreate(), call(); }
-    void eventDestroy() override { tell("destroy"), Base::eventDestroy(); }
+    void eventDestroy() override { tell("destroy"), Base::eventDestroy(), call(); }
     void eventShow() override { tell("show"); }
     void eventHide() override { tell("hide"); }
     void eventActive() override { tell("active"), Base::eventActive(); }
@@ -43,6 +43,8 @@ public:
     }
     void eventKeyDown(unsigned int code, unsigned int combination) override { tell("key", code, combination), call(); }
     void eventKeyUp(unsigned int code, unsigned int) override { tell("keyup", code); }
+    void eventBeginEdit() override { tell("begin"), Base::eventBeginEdit(); }
+    void eventEndEdit() override { tell("end"), Base::eventEndEdit(); }
     void eventTimer(float) override { ++mTimerNum; }
     void eventCustom(const UIMessage& message) override { tell("custom", message.getType()); }
 

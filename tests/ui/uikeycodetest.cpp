@@ -3,65 +3,36 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
+#include <utility>
 
 TEST(UIKeyCodeTest, KnowsTheKeysByTheirUsage)
 {
-    const struct
-    {
-        unsigned int usage;
-        unsigned int code;
-    } cases[] = {
-        {3, 0},     {4, 'A'},
-        {29, 'Z'},  {30, '1'},
-        {38, '9'},  {39, '0'},
-        {40, 13},   {41, 27},
-        {42, 8},    {43, 9},
-        {44, ' '},  {45, '-'},
-        {46, 0},    {48, 0},
-        {49, '\\'}, {50, 0},
-        {51, ';'},  {52, 0},
-        {53, ':'},  {54, ','},
-        {55, '.'},  {56, '/'},
-        {57, 0},    {58, 128},
-        {69, 139},  {70, 0},
-        {73, 168},  {74, 166},
-        {75, 164},  {76, 127},
-        {77, 167},  {78, 165},
-        {79, 162},  {80, 160},
-        {81, 163},  {82, 161},
-        {83, 0},    {84, '/'},
-        {85, '*'},  {86, '-'},
-        {87, '+'},  {88, 13},
-        {89, '1'},  {97, '9'},
-        {98, '0'},  {99, ','},
-        {100, ']'}, {101, 0},
-        {104, 140}, {106, 142},
-        {107, 0},   {135, '\\'},
-        {137, ']'}, {224, 0},
-        {225, 0},   {231, 0},
-        {255, 0},   {UIKeyCode::NoUsage, 0},
+    const std::pair<unsigned int, std::string> runs[] = {
+        {0, std::string(4, 0) + "ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890\r\x1B\b\t -" + std::string(3, 0)},
+        {49, {"\\\0;\0:,./\0", 9}},
+        {58, "\x80\x81\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B"},
+        {73, {"\xA8\xA6\xA4\x7F\xA7\xA5\xA2\xA0\xA3\xA1\0/*-+\r1234567890,]\0", 29}},
+        {104, {"\x8C\x8D\x8E\0", 4}},
+        {134, {"\0\\\0]\0", 5}},
+        {224, std::string(8, 0)},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(UIKeyCode::fromUsage(row.usage), row.code) << row.usage;
+    for (const auto& [first, codes] : runs)
+        for (unsigned int i = 0; i < codes.size(); ++i)
+            EXPECT_EQ(UIKeyCode::fromUsage(first + i), static_cast<unsigned char>(codes[i])) << first + i;
+    EXPECT_EQ(UIKeyCode::fromUsage(UIKeyCode::NoUsage), 0u);
     EXPECT_DEATH(UIKeyCode::fromUsage(256), "Invalid key code.");
 }
 
 TEST(UIKeyCodeTest, NamesTheKeysThatHaveOne)
 {
-    const struct
-    {
-        unsigned int code;
-        const char* name;
-    } cases[] = {
-        {0, nullptr},        {8, "BackSpace"}, {9, "Tab"},          {13, "Return"},    {27, "ESC"},
-        {31, nullptr},       {' ', " "},       {'A', "A"},          {'\\', "\\"},      {']', nullptr},
-        {127, "Delete"},     {128, "F1"},      {136, "F9"},         {137, "F10"},      {142, "F15"},
-        {143, nullptr},      {144, nullptr},   {160, "Left Arrow"}, {161, "Up Arrow"}, {162, "Right Arrow"},
-        {163, "Down Arrow"}, {164, "Page Up"}, {165, "Page Down"},  {166, "Home"},     {167, "End"},
-        {168, "Insert"},     {169, nullptr},
+    const std::pair<unsigned int, const char*> names[] = {
+        {8, "BackSpace"},  {13, "Return"}, {31, nullptr},   {' ', " "},     {'\\', "\\"},   {']', nullptr},
+        {127, "Delete"},   {128, "F1"},    {142, "F15"},    {143, nullptr}, {159, nullptr}, {160, "Left Arrow"},
+        {161, "Up Arrow"}, {167, "End"},   {168, "Insert"}, {169, nullptr},
     };
-    for (const auto& row : cases)
-        EXPECT_STREQ(UIKeyCode::getName(row.code).c_str(), row.name) << row.code;
+    for (const auto& [code, name] : names)
+        EXPECT_STREQ(UIKeyCode::getName(code).c_str(), name) << code;
 }
 
 TEST(UIKeyCodeTest, ControlAndCommandAreOneModifier)

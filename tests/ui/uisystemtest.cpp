@@ -114,7 +114,19 @@ protected:
         mLog.clear();
     }
 
+    // What is heard of a frame and of what happens in it.
     std::string take() { return takeLog(mLog); }
+    std::string run() { return mInterface.runFrame(), take(); }
+    std::string press(const sPoint& position) { return mInterface.press(position), take(); }
+    std::string release(unsigned int button) { return mInterface.release(button), take(); }
+    std::string pressKey(unsigned char usage) { return mInterface.pressKey(usage), take(); }
+    std::string click(const sPoint& position, unsigned int button = 1)
+    {
+        return mInterface.click(position, button), take();
+    }
+
+    UIWindow* getWindow(unsigned int index) const { return static_cast<UIWindow*>(mSystem.getWindowList()[index]); }
+    unsigned int getWindowNum() const { return mSystem.getWindowList().size(); }
 
     ProbeLog mLog;
     HeadlessInterface mInterface;
@@ -126,18 +138,15 @@ TEST_F(UISystemTest, BringsAClickToTheElementAndToItAlone)
     ProbeWindow* window = addWindow("w", {100, 100});
     Element* element = addElement(*window, "e");
     settle();
-
-    mInterface.press({115, 112});
-    EXPECT_EQ(take(), "e.move(5,2) e.focus e.down(5,2):1 w.active");
+    EXPECT_EQ(press({115, 112}), "e.move(5,2) e.focus e.down(5,2):1 w.active");
     EXPECT_EQ(mSystem.getCapture(), element);
     EXPECT_EQ(mSystem.getActiveWindow(), window);
+
     mInterface.movePointer({5, 5});
     mInterface.turnWheel(1);
     mInterface.setButton(2, true);
-    mInterface.pressKey(KeyA);
-    EXPECT_EQ(take(), "e.move(-105,-105) e.key:65:0 e.keyup:65") << "a second press and the wheel are not for it";
-    mInterface.release(2);
-    EXPECT_EQ(take(), "e.up(-105,-105):2") << "any button that comes up is the end";
+    EXPECT_EQ(pressKey(KeyA), "e.move(-105,-105) e.key:65:0 e.keyup:65") << "no second press, no wheel";
+    EXPECT_EQ(release(2), "e.up(-105,-105):2") << "any button that comes up is the end";
     EXPECT_EQ(mSystem.getCapture(), nullptr);
     EXPECT_EQ(mSystem.getFocus(), element);
 }
@@ -146,16 +155,12 @@ TEST_F(UISystemTest, TellsDoubleClicksByElementButtonAndTime)
 {
     addElement(*addWindow("w", {0, 0}), "e");
     settle();
-    mInterface.click({15, 15});
-    for (const unsigned int pause : {200u, 0u, 250u})
-    {
-        take();
-        mInterface.wait(pause);
-        mInterface.click({15, 15});
-        EXPECT_EQ(take(), pause == 200 ? "e.double(5,5):1 e.up(5,5):1" : "e.down(5,5):1 e.up(5,5):1") << pause;
-    }
-    mInterface.click({15, 15}, 2);
-    EXPECT_EQ(take(), "e.down(5,5):2 e.up(5,5):2");
+    click({15, 15});
+    mInterface.wait(200);
+    EXPECT_EQ(click({15, 15}), "e.double(5,5):1 e.up(5,5):1");
+    EXPECT_EQ(click({15, 15}), "e.down(5,5):1 e.up(5,5):1");
+    mInterface.wait(250);
+    EXPECT_EQ(click({15, 15}), "e.down(5,5):1 e.up(5,5):1");
 }
 
 TEST_F(UISystemTest, FocusesByPressTheNewElementFirst)
@@ -167,27 +172,23 @@ TEST_F(UISystemTest, FocusesByPressTheNewElementFirst)
     settle();
     mSystem.focus(old);
     take();
-    mInterface.click({55, 55});
-    EXPECT_EQ(take(), "next.move(5,5) next.focus old.defocus next.down(5,5):1 w.active next.up(5,5):1");
+    EXPECT_EQ(click({55, 55}), "next.move(5,5) next.focus old.defocus next.down(5,5):1 w.active next.up(5,5):1");
     mSystem.focus(old);
     EXPECT_EQ(take(), "next.defocus old.focus");
 
     // The element that comes into focus deletes the one that goes out of it.
     next->mHook = [&]
     {
-        if (!old)
-            return;
         old->remove();
-        delete std::exchange(old, nullptr);
+        delete old;
+        next->mHook = nullptr;
     };
-    mInterface.click({55, 55}, 2);
-    EXPECT_EQ(take(), "next.focus old.gone next.down(5,5):2 next.up(5,5):2");
+    EXPECT_EQ(click({55, 55}, 2), "next.focus old.gone next.down(5,5):2 next.up(5,5):2");
 
     next->disable();
     mSystem.focus(window);
     take();
-    mInterface.click({55, 55}, 4);
-    EXPECT_EQ(take(), "next.down(5,5):4 next.up(5,5):4") << "a disabled one hears of it and gets no focus";
+    EXPECT_EQ(click({55, 55}, 4), "next.down(5,5):4 next.up(5,5):4") << "a disabled one hears of it, without focus";
     EXPECT_EQ(mSystem.getFocus(), window);
 }
 
@@ -196,71 +197,58 @@ TEST_F(UISystemTest, TakesAPressOnTheDesktopForTheBackmostWindow)
     addWindow("back", {300, 300});
     ProbeWindow* front = addWindow("front", {500, 300});
     settle();
-    mInterface.click({501, 301});
-    mInterface.click({5, 5});
-    EXPECT_EQ(take(), "front.move(1,1) front.focus front.down(1,1):1 front.active front.up(1,1):1 "
-                      "front.defocus front.deactive back.active");
-    EXPECT_EQ(*mSystem.getWindowList().begin(), front) << "activating raises nothing";
+    EXPECT_EQ(click({501, 301}), "front.move(1,1) front.focus front.down(1,1):1 front.active front.up(1,1):1");
+    EXPECT_EQ(click({5, 5}), "front.defocus front.deactive back.active");
+    EXPECT_EQ(getWindow(0), front) << "activating raises nothing";
 
     mSystem.removeAllWindow();
     mSystem.focus(mSystem.getDesktop());
-    mInterface.click({5, 5});
+    click({5, 5});
     EXPECT_EQ(mSystem.getFocus(), nullptr);
     EXPECT_EQ(mSystem.getActiveWindow(), nullptr);
 }
 
 TEST_F(UISystemTest, ModalWindowsTakeAllPressesAndTheWheel)
 {
-    ProbeWindow* window = addWindow("w", {100, 100});
-    Element* element = addElement(*window, "e");
+    addElement(*addWindow("w", {100, 100}), "e");
     settle();
-    mInterface.press({115, 115});
+    press({115, 115});
     ProbeWindow* first = addWindow("m", {300, 300}, Modal);
     ProbeWindow* second = addWindow("n", {350, 300}, Modal);
-    take();
-    mInterface.runFrame();
-    EXPECT_EQ(take(), "m.create n.create w.deactive n.active e.up(5,5):255");
+    EXPECT_EQ(run(), "m.create n.create w.deactive n.active e.up(5,5):255");
     EXPECT_EQ(mSystem.getCapture(), nullptr);
     addWindow("late", {0, 0});
     settle();
-    EXPECT_EQ(*mSystem.getWindowList().begin(), second);
-    EXPECT_EQ(*(mSystem.getWindowList().begin() + 1), first) << "what comes later lies below them";
+    EXPECT_EQ(getWindow(0), second);
+    EXPECT_EQ(getWindow(1), first) << "what comes later lies below them";
 
     mInterface.release();
     mInterface.turnWheel(2);
-    mInterface.click({120, 120});
-    EXPECT_EQ(take(), "e.move(10,10)") << "but moves are for all";
-    EXPECT_EQ(mSystem.getFocus(), element);
-    mInterface.click({351, 399});
-    EXPECT_EQ(take(), "n.move(1,99) n.focus e.defocus n.down(1,99):1 n.up(1,99):1");
+    EXPECT_EQ(click({120, 120}), "e.move(10,10)") << "moves are for all";
+    EXPECT_EQ(click({351, 399}), "n.move(1,99) n.focus e.defocus n.down(1,99):1 n.up(1,99):1");
 
     second->close();
-    mInterface.runFrame();
-    EXPECT_EQ(take(), "n.destroy n.defocus n.deactive n.gone");
+    EXPECT_EQ(run(), "n.destroy n.defocus n.deactive n.gone");
     EXPECT_EQ(mSystem.getActiveWindow(), nullptr);
-    mInterface.runFrame();
-    EXPECT_EQ(mSystem.getActiveWindow(), first);
+    EXPECT_EQ(run(), "m.active");
 }
 
 TEST_F(UISystemTest, CallsTheShortcutOfTheWindowUnderThePointerOnceForAKey)
 {
     addWindow("a", {0, 0});
     addWindow("b", {0, 0});
-    addWindow("c", {200, 0});
     settle();
     mInterface.movePointer({50, 50});
     mInterface.setKey(KeyAlt, true);
     mInterface.pressKey(KeyF4);
-    EXPECT_EQ(mSystem.getWindowList().size(), 3u) << "keys are not looked at without focus";
+    EXPECT_EQ(getWindowNum(), 2u) << "keys are not looked at without focus";
 
     mSystem.focus(mSystem.getDesktop());
     mInterface.setKey(KeyF4, true);
     mInterface.runFrame();
     mSystem.defocus();
-    take();
     mInterface.runFrames(3);
-    EXPECT_EQ(take(), "") << "the stale key has been used";
-    EXPECT_EQ(mSystem.getWindowList().size(), 2u);
+    EXPECT_EQ(getWindowNum(), 1u) << "the stale key has been used";
     EXPECT_EQ(mSystem.getKeyDown(), AutoString("F4"));
 
     mInterface.setKey(KeyF4, false);
@@ -268,10 +256,10 @@ TEST_F(UISystemTest, CallsTheShortcutOfTheWindowUnderThePointerOnceForAKey)
     settle();
     mSystem.focus(mSystem.getDesktop());
     mInterface.pressKey(KeyF4);
-    EXPECT_EQ(mSystem.getWindowList().size(), 3u) << "a modal window keeps the shortcuts of others";
+    EXPECT_EQ(getWindowNum(), 2u) << "a modal window keeps the shortcuts of others";
     mInterface.movePointer({210, 210});
     mInterface.pressKey(KeyF4);
-    EXPECT_EQ(mSystem.getWindowList().size(), 2u);
+    EXPECT_EQ(getWindowNum(), 1u);
 }
 
 class UISystemMenuTest : public UISystemTest
@@ -279,17 +267,15 @@ class UISystemMenuTest : public UISystemTest
 protected:
     void choose() { ++mChosen; }
 
-    // A menu of two items that count.
+    // A menu of one item that counts.
     UIMenu* makeMenu()
     {
         UIMenu* menu = new UIMenu;
-        for (const char* name : {"One", "Two"})
-            menu->addItem(name, new Functor<UISystemMenuTest, void, void>(this, &UISystemMenuTest::choose), nullptr,
-                          UIMenu::eItemAttribute{}, true, false);
+        menu->addItem("One", new Functor<UISystemMenuTest, void, void>(this, &UISystemMenuTest::choose));
         return menu;
     }
 
-    // A point of the first item.
+    // A point of the item.
     sPoint getItem() const { return mSystem.getMenu()->getPosition() + sPoint(20, 8); }
 
     int mChosen = 0;
@@ -301,17 +287,17 @@ TEST_F(UISystemMenuTest, OpensAContextMenuInsideTheViewAndTakesTheFocusFromItAtI
     window->setSize({124, 118});
     window->setMenu(makeMenu());
     settle();
-    mInterface.click({901, 660}, 2);
+    click({901, 660}, 2);
     EXPECT_EQ(mSystem.getMenu(), window->getMenu());
     EXPECT_EQ(window->getMenu()->getPosition(), sPoint(901, 660));
     mInterface.pressKey(KeyReturn);
     EXPECT_EQ(mSystem.getMenu(), nullptr) << "keys are for the menu, wherever the focus is";
-    mInterface.click({1023, 767}, 2);
+    click({1023, 767}, 2);
     const sSize size = window->getMenu()->getSize();
     EXPECT_EQ(window->getMenu()->getPosition(),
               sPoint(1023 - static_cast<int>(size.width), 767 - static_cast<int>(size.height)));
 
-    mInterface.click(getItem());
+    click(getItem());
     EXPECT_EQ(mChosen, 1);
     EXPECT_EQ(mSystem.getMenu(), nullptr);
     EXPECT_EQ(mSystem.getFocus(), window);
@@ -324,8 +310,8 @@ TEST_F(UISystemMenuTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMe
     ProbeWindow* window = addWindow("w", {0, 0});
     window->setMenu(makeMenu());
     settle();
-    mInterface.click({1, 50}, 2);
-    mInterface.click(mSystem.getMenu()->getPosition() + sPoint(2, 2), 4);
+    click({1, 50}, 2);
+    click(mSystem.getMenu()->getPosition() + sPoint(2, 2), 4);
     EXPECT_EQ(mSystem.getFocus(), window->getMenu());
     ProbeWindow* modal = addWindow("m", {300, 300}, Modal);
     modal->setMenu(makeMenu());
@@ -333,10 +319,10 @@ TEST_F(UISystemMenuTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMe
     EXPECT_EQ(mSystem.getMenu(), nullptr);
     EXPECT_EQ(mSystem.getFocus(), modal);
 
-    mInterface.click({301, 310}, 2);
-    mInterface.click(getItem());
+    click({301, 310}, 2);
+    click(getItem());
     EXPECT_EQ(mChosen, 1);
-    mInterface.click({301, 310}, 2);
+    click({301, 310}, 2);
     modal->close();
     mInterface.runFrame();
     EXPECT_EQ(mSystem.getMenu(), nullptr) << "menus go with their owners";
@@ -348,15 +334,19 @@ TEST_F(UISystemMenuTest, ShowsTheMainMenuOfTheActiveWindowAcrossTheView)
     UIMainMenu* mainMenu = new UIMainMenu;
     mainMenu->addItem("File", makeMenu());
     window->setMainMenu(mainMenu);
+    ProbeWindow* other = addWindow("other", {500, 500});
+    other->setMainMenu(new UIMainMenu);
     settle();
     EXPECT_EQ(mSystem.getMainMenu(), nullptr);
-    mInterface.click({50, 150});
+    click({50, 150});
     EXPECT_EQ(mSystem.getMainMenu(), mainMenu);
     EXPECT_EQ(mainMenu->getRelRegion(), sRect(0, 0, 1024, 16));
 
-    mInterface.click({5, 5});
+    click({5, 5});
     ASSERT_NE(mSystem.getMenu(), nullptr);
     EXPECT_EQ(mSystem.getActiveWindow(), window);
+    other->setMainMenu(nullptr);
+    EXPECT_NE(mSystem.getMenu(), nullptr) << "that of another window is none of its business";
     window->close();
     mInterface.runFrame();
     EXPECT_EQ(mSystem.getMenu(), nullptr);
@@ -366,64 +356,66 @@ TEST_F(UISystemMenuTest, ShowsTheMainMenuOfTheActiveWindowAcrossTheView)
 TEST_F(UISystemTest, BringsWindowsAliveAndDeletesThemBetweenTheFrames)
 {
     ProbeWindow* owner = addWindow("o", {0, 0});
+    ProbeWindow* inner = nullptr;
     owner->mHook = [&]
     {
-        addWindow("inner", {0, 0}, 0, owner), owner->mHook = nullptr;
+        inner = inner ? inner : addWindow("inner", {0, 0}, 0, owner);
     };
     ProbeWindow* waiting = addWindow("x", {0, 0});
     mSystem.removeWindow(nullptr);
     mSystem.addWindow(nullptr);
     mSystem.removeWindow(waiting);
-    mInterface.runFrame();
-    EXPECT_EQ(take(), "o.create inner.create x.destroy x.gone") << "a removed window waits no longer";
+    EXPECT_EQ(run(), "o.create inner.create x.destroy x.gone") << "a removed window waits no longer";
 
-    UIWindow* inner = static_cast<UIWindow*>(*mSystem.getWindowList().begin());
-    Element* element = addElement(*inner, "e");
+    addElement(*inner, "e");
     settle();
-    mInterface.press({15, 15});
-    EXPECT_EQ(mSystem.getCapture(), element);
-    take();
+    press({15, 15});
     mSystem.removeWindow(inner);
     mSystem.removeWindow(inner);
     EXPECT_TRUE(mSystem.isListedForRemoval(inner));
-    mInterface.runFrame();
-    EXPECT_EQ(take(), "inner.destroy e.destroy e.defocus inner.deactive o.active inner.gone e.gone");
+    EXPECT_EQ(run(), "inner.destroy e.destroy e.defocus inner.deactive o.active inner.gone e.gone");
     EXPECT_EQ(mSystem.getCapture(), nullptr);
     EXPECT_EQ(mSystem.getActiveWindow(), owner);
+    owner->mHook = nullptr;
 }
 
 TEST_F(UISystemTest, ADeletedWindowOwnsNoOther)
 {
     ProbeWindow* owner = addWindow("o", {0, 0});
-    ProbeWindow* owned = addWindow("w", {200, 0}, 0, owner);
+    ProbeWindow* live = addWindow("l", {200, 0}, 0, owner);
     settle();
     ProbeWindow* waiting = addWindow("x", {0, 0}, 0, owner);
-    mSystem.setActiveWindow(owned);
-    mSystem.removeWindow(owner);
-    mSystem.removeWindow(owned);
+    ProbeWindow* listed = addWindow("y", {0, 0}, 0, owner);
+    UIWindow* lastOwner = owner;
+    listed->mHook = [&]
+    {
+        lastOwner = listed->getOwnerWindow();
+    };
+    mSystem.setActiveWindow(live);
+    for (ProbeWindow* window : {owner, live, listed})
+        mSystem.removeWindow(window);
     mInterface.runFrame();
     EXPECT_EQ(mSystem.getActiveWindow(), nullptr);
     EXPECT_EQ(waiting->getOwnerWindow(), nullptr);
+    EXPECT_EQ(lastOwner, nullptr);
 
-    addWindow("y", {0, 0});
+    addWindow("z", {0, 0});
     take();
     mSystem.removeAllWindow();
-    EXPECT_EQ(take(), "x.destroy x.gone y.destroy y.gone") << "those which wait, too";
+    EXPECT_EQ(take(), "x.destroy x.gone z.destroy z.gone") << "those which wait, too";
 }
 
 TEST_F(UISystemTest, DeletesASecondToolOnOneResource)
 {
     ResourceBase* const resource = reinterpret_cast<ResourceBase*>(&mLog);
-    addWindow("a", {0, 0})->mResource = resource;
-    settle();
-    ProbeWindow* second = new ProbeWindow(mLog, "b", {0, 0});
-    second->mResource = resource;
-    mSystem.addWindow(second);
-    EXPECT_EQ(take(), "b.gone");
-    addWindow("c", {0, 0});
-    addWindow("d", {0, 0});
-    settle();
-    EXPECT_EQ(mSystem.getWindowList().size(), 3u) << "none is no resource";
+    for (ResourceBase* managed : {resource, resource, static_cast<ResourceBase*>(nullptr)})
+    {
+        ProbeWindow* window = new ProbeWindow(mLog, "w", {0, 0});
+        window->mResource = managed;
+        mSystem.addWindow(window);
+        mInterface.runFrame();
+    }
+    EXPECT_EQ(take(), "w.create w.gone w.create");
 }
 
 TEST_F(UISystemTest, ForgetsElementsThatDie)
@@ -454,6 +446,7 @@ TEST_F(UISystemTest, ForgetsElementsThatDie)
     {
         element->remove();
         delete element;
+        window->mHook = nullptr;
     };
     take();
     mInterface.setKey(KeyA, true);
@@ -464,22 +457,19 @@ TEST_F(UISystemTest, ForgetsElementsThatDie)
 
 TEST_F(UISystemTest, ShowsTheCursorOfWhatLiesUnderThePointer)
 {
+    using eCursor = UIBase::eCursor;
     ProbeWindow* window = addWindow("w", {0, 0});
-    settle();
-    const struct
-    {
-        UIBase::eCursor cursor;
-        ePointer pointer;
-    } cases[] = {{UIBase::eCursor::UpDown, ePointer::ResizeUpDown},
-                 {UIBase::eCursor::LeftRight, ePointer::ResizeLeftRight},
-                 {UIBase::eCursor::Grip, ePointer::Arrow}};
     mInterface.movePointer({1, 50});
-    for (const auto& row : cases)
+    settle();
+    const auto show = [&](eCursor cursor)
     {
-        window->setCursor(row.cursor);
+        window->setCursor(cursor);
         mInterface.runFrame();
-        EXPECT_EQ(HeadlessPlace::getPlatform().getCursor(), row.pointer);
-    }
+        return HeadlessPlace::getPlatform().getCursor();
+    };
+    EXPECT_EQ(show(eCursor::UpDown), ePointer::ResizeUpDown);
+    EXPECT_EQ(show(eCursor::LeftRight), ePointer::ResizeLeftRight);
+    EXPECT_EQ(show(eCursor::Grip), ePointer::Arrow);
 }
 
 TEST_F(UISystemTest, OffersTheColoursForEditing)
