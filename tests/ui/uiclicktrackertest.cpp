@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 TEST(UIClickTrackerTest, TellsTheSecondPressOfADoubleClick)
 {
     UIBase a;
@@ -27,14 +25,4 @@ TEST(UIClickTrackerTest, TellsTheSecondPressOfADoubleClick)
     std::uint64_t now = 0xFFFFFFFFull - 100;
     for (const auto& row : presses)
         EXPECT_EQ(tracker.press(row.target, row.button, now += row.pause), row.second) << row.what;
-}
-
-TEST(UIClickTrackerTest, TakesNoNewElementForADeadOneAtItsPlace)
-{
-    std::optional<UIBase> element(std::in_place);
-    UIClickTracker tracker;
-    tracker.press(&*element, 1, 0);
-    tracker.forget(&*element);
-    element.emplace();
-    EXPECT_FALSE(tracker.press(&*element, 1, 10));
 }

@@ -18,7 +18,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <thread>
+#include <utility>
 
 namespace
 {
@@ -47,23 +49,16 @@ public:
     ResourceBase* mResource = nullptr;
 };
 
-// Draws as many commands as it is told to.
+// Draws 700 commands, since neighbours differ in level.
 class Greedy : public UIBase
 {
 public:
-    explicit Greedy(unsigned int commandNum) : mCommandNum(commandNum) { setSize({10, 10}); }
-
+    Greedy() { setSize({10, 10}); }
     void eventPaint(UIPainter* painter) override
     {
-        for (unsigned int i = 0; i < mCommandNum; ++i)
-        {
-            painter->setBlendMode(i % 2 ? UIPainter::eBlendMode::Opaque : UIPainter::eBlendMode::Alpha);
-            painter->drawRect(getOwnRegion(), sColor::Red);
-        }
+        for (unsigned int i = 0; i < 700; ++i)
+            painter->setPriority(i % 2), painter->drawRect(getOwnRegion(), sColor::Red);
     }
-
-private:
-    unsigned int mCommandNum;
 };
 
 // Deletes its children whenever it is updated.
@@ -77,12 +72,8 @@ public:
 class Listener : public UIBase
 {
 public:
-    explicit Listener(int& heard) : mHeard(heard) {}
-
     void hear(UIDialog*) { ++mHeard; }
-
-private:
-    int& mHeard;
+    static inline int mHeard = 0;
 };
 }
 
@@ -91,7 +82,7 @@ class UISystemTest : public testing::Test
 protected:
     explicit UISystemTest(unsigned int threadNum = 1) : mInterface(threadNum) {}
 
-    // A window, with an element at (10, 10) of 20 by 20, from the next frame on.
+    // A window that is there from the next frame on, and an element at (10, 10) of 20 by 20.
     ProbeWindow* addWindow(const char* name, const sPoint& position, unsigned int attribute = 0,
                            UIWindow* owner = nullptr)
     {
@@ -457,19 +448,18 @@ TEST_F(UISystemTest, ForgetsElementsThatDie)
 
 TEST_F(UISystemTest, ShowsTheCursorOfWhatLiesUnderThePointer)
 {
-    using eCursor = UIBase::eCursor;
     ProbeWindow* window = addWindow("w", {0, 0});
     mInterface.movePointer({1, 50});
     settle();
-    const auto show = [&](eCursor cursor)
+    constexpr std::pair<UIBase::eCursor, ePointer> Cursors[] = {{UIBase::eCursor::UpDown, ePointer::ResizeUpDown},
+                                                                {UIBase::eCursor::LeftRight, ePointer::ResizeLeftRight},
+                                                                {UIBase::eCursor::Grip, ePointer::Arrow}};
+    for (const auto& [cursor, pointer] : Cursors)
     {
         window->setCursor(cursor);
         mInterface.runFrame();
-        return HeadlessPlace::getPlatform().getCursor();
-    };
-    EXPECT_EQ(show(eCursor::UpDown), ePointer::ResizeUpDown);
-    EXPECT_EQ(show(eCursor::LeftRight), ePointer::ResizeLeftRight);
-    EXPECT_EQ(show(eCursor::Grip), ePointer::Arrow);
+        EXPECT_EQ(HeadlessPlace::getPlatform().getCursor(), pointer);
+    }
 }
 
 TEST_F(UISystemTest, OffersTheColoursForEditing)
@@ -499,59 +489,50 @@ INSTANTIATE_TEST_SUITE_P(Threads, UISystemThreadsTest, testing::Values(1u, 2u, 4
 
 TEST_P(UISystemThreadsTest, UpdatesAndPaintsMoreWindowsThanThereAreThreads)
 {
-    std::vector<ProbeWindow*> windows;
-    for (int i = 0; i < 11; ++i)
-    {
-        windows.push_back(addWindow("w", {i * 3, i}));
-        windows.back()->add(new Greedy(2));
-    }
+    ProbeWindow* windows[18];
+    for (ProbeWindow*& window : windows)
+        window = addWindow("w", {3, 1});
     mInterface.runFrames(2);
-    unsigned int level = 1;
-    for (ProbeWindow* window : windows)
+    std::set<unsigned int> levels;
+    for (const ProbeWindow* window : windows)
     {
         EXPECT_EQ(window->mTimerNum, 2u);
-        EXPECT_EQ(window->getAbsPosition(), window->getPosition());
-        EXPECT_EQ(window->getPriority(), level);
-        level += 8;
+        EXPECT_EQ(window->getAbsPosition(), sPoint(3, 1));
+        EXPECT_EQ(window->getPriority(), 1 + 8 * levels.size());
+        levels.insert(window->getPriority());
     }
-    const sCommand* const* sorted = RenderSystem::getInstance()->getSortedCommand();
-    unsigned int reached = 0;
-    for (unsigned int i = 0; sorted[i]->kind != eCommand::End; ++i)
-        reached = std::max(reached, sorted[i]->key & 0xFFFF);
-    EXPECT_EQ(reached, 1u + 10u * 8u);
+    const sCommand* const* command = RenderSystem::getInstance()->getSortedCommand();
+    for (; (*command)->kind != eCommand::End; ++command)
+        levels.erase((*command)->key & 0xFFFF);
+    EXPECT_TRUE(levels.empty()) << "each window has drawn at its own level";
 }
 
 TEST_P(UISystemThreadsTest, ElementsMayDieInJobs)
 {
-    int heard = 0;
     Listener* listeners[12];
+    UIDialog* dialog = nullptr;
     for (Listener*& listener : listeners)
     {
         Shedder* shedder = new Shedder;
         addWindow("w", {0, 0})->add(shedder);
-        listener = new Listener(heard);
-        shedder->add(listener);
-        mInterface.add(
+        shedder->add(listener = new Listener);
+        dialog = mInterface.add(
             new UIDialog(0, false, false, false, "", UIDialog::eButtons::Ok, listener, &Listener::hear, nullptr));
     }
-    UIDialog* answered = static_cast<UIDialog*>(*mSystem.getAddWindowList().rbegin());
-    answered->close();
+    dialog->close();
     mSystem.focus(listeners[5]);
     mInterface.runFrame();
-    EXPECT_EQ(heard, 1) << "as long as it lives";
+    EXPECT_EQ(Listener::mHeard, 1) << "as long as it lives";
     EXPECT_EQ(mSystem.getFocus(), nullptr);
-    while (!mSystem.getWindowList().empty())
-    {
-        static_cast<UIWindow*>(*mSystem.getWindowList().begin())->close();
-        mInterface.runFrame();
-    }
-    EXPECT_EQ(heard, 1);
+    for (; getWindowNum(); mInterface.runFrame())
+        getWindow(0)->close();
+    EXPECT_EQ(Listener::mHeard, 1);
 }
 
 TEST_P(UISystemThreadsTest, LeavesOutWindowsForWhichAFrameHasNoRoom)
 {
     for (int i = 0; i < 60; ++i)
-        addWindow("w", {i, i})->add(new Greedy(700));
+        addWindow("w", {i, i})->add(new Greedy);
     TraceCapture capture;
     mInterface.runFrames(3);
     const std::string trace = capture.take();
