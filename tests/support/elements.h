@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/headlesssystems.h"
+#include "ui/uibase.h"
 #include "ui/uipainter.h"
 
 inline UIBase* makeElement(const sSize& size, unsigned int attribute = 0)
@@ -30,4 +31,14 @@ inline std::vector<sRecordedDraw> runFrame(const HeadlessSystems& systems, UIBas
             UIPainter painter(&context, 0);
             root.sendMessage(UIPaintMessage(&painter));
         });
+}
+
+// The text of a draw; empty for one that draws none.
+inline std::string getText(const sRecordedDraw& draw)
+{
+    std::string text;
+    if (draw.command.state.getVertexDecl() == eVertexDecl::Textured)
+        for (std::size_t i = 0; i < draw.vertices.size(); i += 4)
+            text += static_cast<char>(' ' + draw.vertices[i].s / 6 + draw.vertices[i].t / 12 * 16);
+    return text;
 }
