@@ -26,7 +26,7 @@ void UIRowList::eventKeyDown(unsigned int keyCode, unsigned int combinationKey)
     {
     case UIKeyCode::Return: choose(mSelectRow); break;
     case UIKeyCode::DownArrow: highlight(mSelectRow + 1); break;
-    case UIKeyCode::UpArrow: mSelectRow ? highlight(mSelectRow - 1) : void(); break;
+    case UIKeyCode::UpArrow: highlightPrevious(); break;
     default: break;
     }
 }
@@ -86,4 +86,10 @@ UIRowList::sVisibleRows UIRowList::getVisibleRows(unsigned int rowCount) const
     const int begin = std::clamp((visible.top - top) / RowHeight, 0, count);
     const int end = std::clamp((visible.bottom - top + RowHeight - 1) / RowHeight, begin, count);
     return {static_cast<unsigned int>(begin), static_cast<unsigned int>(end), top + begin * RowHeight};
+}
+
+void UIRowList::highlightPrevious()
+{
+    if (mSelectRow > 0)
+        highlight(mSelectRow - 1);
 }

@@ -68,6 +68,8 @@ protected:
     UIScrollBar* mScrollBar = nullptr;
 
 private:
+    void highlightPrevious();
+
     FunctorIntermediate<void, void>* mFunctor = nullptr;
     eBorderStyle mStyle;
     int mRowTop;
