@@ -8,7 +8,7 @@ struct sCommandLine
     std::string root;        // the directory of the data; empty leaves the choice to the platform
     std::string play;        // the name or the file of the animation to show; empty shows none
     unsigned int frames = 0; // after so many the program ends; 0 goes on
-    bool gallery = false; // shows every element of the interface
+    bool gallery = false;    // shows every element of the interface
     bool headless = false;
     bool help = false;
     bool version = false;

@@ -25,7 +25,7 @@ constexpr sPlace operator*(const sPlace& place, float scale)
     return {place.x * scale, place.y * scale};
 }
 
-// A paint without transparency, each part 0.0 to 1.0.
+// A paint without transparency, each component 0.0 to 1.0.
 struct sPaint
 {
     float r;
