@@ -72,11 +72,11 @@ void buildTexts(ExhibitWindow& window)
 {
     addLabel(window, "Each at its place");
     for (const eAlignment alignment : Alignments)
-        window.addClient(new GalleryText("Text", {78, 22}, alignment));
+        window.addClient(new GalleryText("Text", {76, 22}, alignment));
     addLabel(window, "Longer than the place");
     for (const eAlignment alignment : {eAlignment::LeftMiddle, eAlignment::CenterMiddle, eAlignment::RightMiddle})
-        window.addClient(new GalleryText(LongText, {78, 18}, alignment));
-    window.addClient(new GalleryText("Text", {7, 18}, eAlignment::LeftMiddle));
+        window.addClient(new GalleryText(LongText, {76, 18}, alignment));
+    window.addClient(new GalleryText("Text", {13, 18}, eAlignment::LeftMiddle));
 }
 
 constexpr GalleryPicture::Paint Pictures[] = {

@@ -14,7 +14,7 @@ namespace
 {
 constexpr unsigned int LabelHeight = 14;
 constexpr int LineHeight = 12;
-constexpr int TextMargin = 2;
+constexpr int SideMargin = 3;
 constexpr sSize QuestionSize{132, 18};
 constexpr int PulldownSize = 16;
 constexpr int ListHeight = 82;
@@ -39,7 +39,7 @@ void GalleryText::eventPaint(UIPainter* painter)
 {
     const UIColorScheme& colors = UIPainter::getColors();
     const sRect region = getOwnRegion();
-    const sRect inside(TextMargin, TextMargin, region.right - TextMargin, region.bottom - TextMargin);
+    const sRect inside(SideMargin, 1, region.right - SideMargin, region.bottom - 1);
     const bool boxed = getBorderStyle() != eBorderStyle::None;
     if (boxed)
         painter->drawRect(region, colors.mClientRegionColor);
@@ -68,12 +68,12 @@ void GalleryProbe::eventPaint(UIPainter* painter)
     painter->drawRect(getOwnRegion(), isFocused() ? colors.mHighLightColor : colors.mClientRegionColor);
     painter->drawFrame(getOwnRegion(), colors.mDarkLightColor);
 
-    int y = TextMargin;
+    int y = SideMargin;
     const auto drawLine = [&](const char* format, auto... values)
     {
         char text[64];
         std::snprintf(text, sizeof(text), format, values...);
-        painter->drawString(sPoint(TextMargin, y), text,
+        painter->drawString(sPoint(SideMargin, y), text,
                             isEnabled() ? colors.mClientFontColor : colors.mDisableFontColor);
         y += LineHeight;
     };
