@@ -26,6 +26,9 @@ public:
     // Counts the headers of free blocks as used.
     unsigned int getUsedSize() const override;
 
+    // How many blocks have ever been handed out.
+    unsigned int getCallCount() const { return mCallCount; }
+
     // Traces every block in use and asserts if there is one.
     void checkLeak() const;
 
