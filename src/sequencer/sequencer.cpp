@@ -33,6 +33,14 @@ float getFrameRate()
     return application ? application->getFrameRate() : DefaultFrameRate;
 }
 
+// A few small files can name more objects than there is memory for. What is left of the general heap is everybody's.
+bool hasRoom()
+{
+    constexpr unsigned int ReservedPart = 16;
+    const AllocatorBase& heap = *AllocatorBase::getGlobalAllocator();
+    return heap.getHeapSize() - heap.getUsedSize() > heap.getHeapSize() / ReservedPart;
+}
+
 void deleteControls(List<ControlBase>& controls)
 {
     for (ControlBase* control : controls)
@@ -245,8 +253,11 @@ void Sequencer::build()
     mpMarkerCount = allocateRecords<unsigned char>(mMarkerNum);
     mTrackNum = mpResource->getTrackNum();
     mpTrack = allocateRecords<sTrackData>(mTrackNum);
-    for (unsigned int i = 0; i < mTrackNum; ++i)
-        buildTrack(mpTrack[i], mpResource->getTrackArray()[i]);
+    unsigned int built = 0;
+    for (; built < mTrackNum && hasRoom(); ++built)
+        buildTrack(mpTrack[built], mpResource->getTrackArray()[built]);
+    if (built < mTrackNum)
+        DEV_TRACE("Not enough memory for all tracks.\n");
     repairHead();
 }
 
@@ -275,7 +286,7 @@ void Sequencer::buildLanes(sTrackData& track, const sTrackRecord& record)
     track.lane = allocateRecords<sLaneData>(track.laneNum);
     List<ControlBase> controls;
     track.object->makeControlList(controls);
-    for (unsigned int i = 0; i < track.laneNum; ++i)
+    for (unsigned int i = 0; i < track.laneNum && hasRoom(); ++i)
         buildLane(track.lane[i], record.lane[i], controls);
     deleteControls(controls);
 }

@@ -182,3 +182,18 @@ TEST(Sequencer, LeavesTracksEmptyWhoseClassItCannotMake)
     for (unsigned int i = 0; i < sequencer.getTrackNum(); ++i)
         EXPECT_EQ(sequencer.getTrackArray()[i].object, nullptr) << i;
 }
+
+TEST(Sequencer, LeavesTracksEmptyThatTheHeapHasNoRoomFor)
+{
+    TestSequence sequence;
+    AllocatorBase* heap = AllocatorBase::getGlobalAllocator();
+    void* block = heap->allocate(static_cast<int>(heap->getHeapSize() / 16 * 15), 4);
+    {
+        TraceCapture trace;
+        TestPlayer sequencer(sequence);
+        EXPECT_EQ(trace.take(), "Not enough memory for all tracks.\n");
+        EXPECT_EQ(sequencer.getTrackArray()[0].object, nullptr);
+    }
+    heap->deallocate(block);
+    EXPECT_NE(TestPlayer(sequence).getTrackArray()[0].object, nullptr);
+}
