@@ -2,7 +2,6 @@
 
 #include "foundation/dev.h"
 #include "foundation/linknode.h"
-#include "foundation/minmax.h"
 
 #include <new>
 
@@ -125,7 +124,7 @@ public:
     reverse_iterator rend() const { return reverse_iterator(); }
 
 private:
-    void grow();
+    void grow() { reserve(mCapacity + 16); }
     sLinkNode<T>* takeNode(T* value);
     void freeNode(sLinkNode<T>* node);
     sLinkNode<T>* keepPlaceWhileGrowing(sLinkNode<T>* place);
@@ -178,13 +177,6 @@ void List<T>::clear()
     mpHead = nullptr;
     mpTail = nullptr;
     mSize = 0;
-}
-
-// By sixteen, or by half where that is more: adding n values copies some 3 n nodes at most.
-template <typename T>
-void List<T>::grow()
-{
-    reserve(mCapacity + maximum(16u, mCapacity / 2));
 }
 
 template <typename T>

@@ -25,10 +25,10 @@ public:
 
     constexpr sPointTemplate operator-(const sPointTemplate& other) const
     {
-        sPointTemplate difference = *this;
-        difference.x = static_cast<T>(x - other.x);
-        difference.y = static_cast<T>(y - other.y);
-        return difference;
+        sPointTemplate moved = *this;
+        moved.x = difference(x, other.x);
+        moved.y = difference(y, other.y);
+        return moved;
     }
 
     constexpr sPointTemplate& operator+=(const sPointTemplate& other)
@@ -47,13 +47,21 @@ public:
     T y;
 
 private:
-    // Wraps, for integers too.
+    // Both wrap, for integers too.
     static constexpr T sum(T left, T right)
     {
         if constexpr (std::is_integral_v<T>)
             return static_cast<T>(static_cast<unsigned int>(left) + static_cast<unsigned int>(right));
         else
             return left + right;
+    }
+
+    static constexpr T difference(T left, T right)
+    {
+        if constexpr (std::is_integral_v<T>)
+            return static_cast<T>(static_cast<unsigned int>(left) - static_cast<unsigned int>(right));
+        else
+            return left - right;
     }
 
     static constexpr T fromInt(int value)

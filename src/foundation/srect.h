@@ -52,7 +52,9 @@ public:
 
     constexpr sRectTemplate operator+(const sPointTemplate<T, Minimum, Maximum>& offset) const
     {
-        return {left + offset.x, top + offset.y, right + offset.x, bottom + offset.y};
+        const auto first = sPointTemplate<T, Minimum, Maximum>(left, top) + offset;
+        const auto last = sPointTemplate<T, Minimum, Maximum>(right, bottom) + offset;
+        return {first.x, first.y, last.x, last.y};
     }
 
     constexpr bool operator==(const sRectTemplate&) const = default;

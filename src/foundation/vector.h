@@ -1,7 +1,6 @@
 #pragma once
 
 #include "foundation/dev.h"
-#include "foundation/minmax.h"
 
 #include <algorithm>
 #include <new>
@@ -67,7 +66,7 @@ public:
     void addLast(T* value)
     {
         if (mSize == mCapacity)
-            reserve(mCapacity + maximum(16u, mCapacity / 2));
+            reserve(mCapacity + 16);
         mpArray[mSize++] = value;
     }
 

@@ -10,6 +10,8 @@ class SequencerResource : public ResourceBase
     REFLECTED(SequencerResource)
 
 public:
+    using eInterpolateType = ::eInterpolateType;
+
     // Written for whoever looks at a file; nothing depends on it.
     enum class eSequenceType : unsigned int
     {

@@ -146,7 +146,7 @@ void UIPainter::drawRect(const sRect& rect, sColor color)
 void UIPainter::drawRect(const sRect& rect, sColor color1, sColor color2, sColor color3, sColor color4)
 {
     beginPlain();
-    ToolSystem::drawRect(mContext, translate(rect), color1, color2, color3, color4);
+    ToolSystem::drawRect(mContext, rect + mOrigin, color1, color2, color3, color4);
 }
 
 void UIPainter::drawRect(const sRect& rect, sColor color, const sTexcoord& texTopLeft, const sTexcoord& texBottomRight)
@@ -158,7 +158,7 @@ void UIPainter::drawRect(const sRect& rect, sColor color1, sColor color2, sColor
                          const sTexcoord& texTopLeft, const sTexcoord& texBottomRight)
 {
     beginTextured();
-    ToolSystem::drawRect(mContext, translate(rect), color1, color2, color3, color4, texTopLeft, texBottomRight);
+    ToolSystem::drawRect(mContext, rect + mOrigin, color1, color2, color3, color4, texTopLeft, texBottomRight);
 }
 
 void UIPainter::drawFrame(const sRect& rect, sColor color)
@@ -241,7 +241,7 @@ void UIPainter::drawString(const sRect& rect, const char* text, sColor color, eA
     const int extent = static_cast<int>(visible) * FontWidth;
     const sPoint position = mOrigin + sPoint(place(side, rect.left, rect.right, extent),
                                              place(getVertical(alignment), rect.top, rect.bottom, FontHeight));
-    sRect clip = translate(rect);
+    sRect clip = rect + mOrigin;
     if (extent <= width)
     {
         drawGlyphs(position, buffer, color, clip);
@@ -292,9 +292,4 @@ void UIPainter::drawGlyphs(const sPoint& position, const char* text, sColor colo
     mContext->setTexture(ToolSystem::getInstance()->getFontTexture());
     ToolSystem::drawString(mContext, position, text, FontWidth, color, clip);
     mContext->setBlendMode(mBlendMode);
-}
-
-sRect UIPainter::translate(const sRect& rect) const
-{
-    return {rect.left + mOrigin.x, rect.top + mOrigin.y, rect.right + mOrigin.x, rect.bottom + mOrigin.y};
 }

@@ -100,7 +100,6 @@ private:
     void beginTextured();
     void drawBevel(const sRect& rect, sColor topLeft, sColor bottomRight);
     void drawGlyphs(const sPoint& position, const char* text, sColor color, const sRect& clip);
-    sRect translate(const sRect& rect) const;
 
     DrawContext* mContext;
     Texture* mTexture = nullptr;

@@ -13,11 +13,17 @@ namespace
 int numbers[100];
 }
 
-TEST(VectorTest, GrowsKeepsAndFinds)
+TEST(VectorTest, GrowsBySixteenKeepsAndFinds)
 {
     Vector<int> vector;
+    unsigned int arrayNum = 0;
     for (int& number : numbers)
+    {
+        int** former = vector.empty() ? nullptr : &vector[0];
         vector.addLast(&number);
+        arrayNum += &vector[0] != former;
+    }
+    EXPECT_EQ(arrayNum, 7u);
     EXPECT_EQ(vector.size(), 100u);
     EXPECT_EQ(vector[99], &numbers[99]);
     EXPECT_EQ(*vector.find(&numbers[17]), &numbers[17]);

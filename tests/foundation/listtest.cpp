@@ -119,10 +119,10 @@ TEST_F(ListTest, WalksAndCounts)
     EXPECT_EQ((mList.rbegin() + 4) - (mList.rbegin() + 1), 3);
 }
 
-TEST_F(ListTest, GrowsBySixteenAtFirst)
+TEST_F(ListTest, GrowsBySixteen)
 {
     std::vector<const void*> pools;
-    for (int i = 0; i < 48; ++i)
+    for (int i = 0; i < 96; ++i)
     {
         mList.addLast(&mNumbers[i]);
         if (pools.empty() || pools.back() != mList.begin().getNode())

@@ -112,6 +112,8 @@ TEST(sRectTest, Intersects)
     sPoint point(2147483647, -1);
     point += sPoint(1, 1);
     EXPECT_EQ(point, sPoint(-2147483647 - 1, 0));
+    EXPECT_EQ(point - sPoint(1, 1), sPoint(2147483647, -1));
+    EXPECT_EQ(sRect(point.x, 0, 1, 2) + sPoint(-1, 1), sRect(2147483647, 1, 0, 3));
     EXPECT_EQ(point[1], 0);
     EXPECT_EQ(sTexcoord(65535, 1) + sTexcoord(2, 1), sTexcoord(1, 2));
 }
