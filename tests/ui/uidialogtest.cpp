@@ -81,11 +81,11 @@ TEST_F(UIDialogTest, ForgetsAReceiverThatHasDied)
 {
     UIWindow* window = mInterface.add(new UIWindow(nullptr));
     sMortal* receiver = new sMortal;
-    window->add(receiver);
+    window->addClient(receiver);
     UIDialog* alive = ask(receiver);
     UIDialog* other = ask<UIDialogTest>(this);
     UIDialog* waiting = mInterface.add(new UIMessageDialog("", "", eButtons::Ok, receiver, &sMortal::receive));
-    window->removeChildren();
+    window->removeClient();
     for (UIDialog* dialog : {alive, waiting, other})
         dialog->close();
     EXPECT_EQ(mAnswers.size(), 1u);
