@@ -146,15 +146,3 @@ TEST_P(JobSystemOneThreadTest, DealsALoopEveryStepthIndex)
     mpJobSystem->loopJob(&loop);
     EXPECT_EQ(mRecorder.mCalls, (std::map<unsigned int, int>{{1, 1}, {4, 1}, {7, 1}}));
 }
-
-TEST_P(JobSystemOneThreadTest, RefusesANewThreadNumberFromAJob)
-{
-    struct sThreadNumChange
-    {
-        void call(void*) { JobSystem::getInstance()->setJobThreadNum(2); }
-    } change;
-
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    mpJobSystem->addJob(new JobSystem::Job<sThreadNumChange>(&change, &sThreadNumChange::call, nullptr));
-    EXPECT_DEATH(mpJobSystem->executeJob(), "Jobs are being executed.");
-}

@@ -141,10 +141,3 @@ TEST_F(ListTest, UsesTheWholePoolAgainWhenItIsCleared)
     for (auto place = mList.begin(); place != mList.end(); ++place)
         EXPECT_TRUE(place.getNode() >= pool && place.getNode() < pool + 5);
 }
-
-TEST_F(ListTest, RefusesARoomThatIsTooSmall)
-{
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    fill(3);
-    EXPECT_DEATH(mList.reserve(2), "Invalid size.");
-}

