@@ -1,7 +1,5 @@
 #include "application/application.h"
 
-#include "application/systemmanager.h"
-#include "foundation/allocator.h"
 #include "foundation/memorymanager.h"
 #include "tests/support/headlessapplication.h"
 
@@ -21,33 +19,10 @@ struct PlainApplication : Application
 };
 }
 
-TEST(ApplicationTest, MakesWindowPathsAndManagersAndTakesThemAway)
-{
-    {
-        HeadlessApplication application;
-        EXPECT_EQ(Application::getInstance(), &application);
-        EXPECT_EQ(application.getWindowSize(), sSize(1024, 768));
-        EXPECT_EQ(application.getRootPath(), application.getRoot() + "/");
-        EXPECT_EQ(application.getIntermediatePath(), application.getRoot() + "/intermediate/");
-        EXPECT_EQ(application.getNativePath(), application.getRoot() + "/native/");
-        EXPECT_NE(SystemManager::getInstance(), nullptr);
-        EXPECT_NE(MemoryManager::getInstance(), nullptr);
-    }
-    EXPECT_EQ(Application::getInstance(), nullptr);
-    EXPECT_EQ(SystemManager::getInstance(), nullptr);
-    EXPECT_EQ(MemoryManager::getInstance(), nullptr);
-}
-
 TEST(ApplicationTest, KeepsTheStateOfTheMouse)
 {
     using enum eMouseEvent;
-    const struct
-    {
-        sMouseEvent event;
-        unsigned int button;
-        sPoint wheel;
-        sPoint cursor;
-    } rows[] = {
+    const std::tuple<sMouseEvent, unsigned int, sPoint, sPoint> rows[] = {
         {{.kind = Down, .x = 10, .y = 20, .button = 1}, 1, sPoint(0, 0), sPoint(10, 20)},
         {{.kind = Down, .x = 10, .y = 20, .button = 3}, 5, sPoint(0, 0), sPoint(10, 20)},
         {{.kind = Down, .x = 10, .y = 20, .button = 4}, 5, sPoint(0, 0), sPoint(10, 20)},
@@ -59,15 +34,14 @@ TEST(ApplicationTest, KeepsTheStateOfTheMouse)
         {{.kind = Wheel, .axis = 7, .amount = -2}, 6, sPoint(3, -2), sPoint(0, 0)},
     };
     HeadlessApplication application;
-    for (const auto& row : rows)
+    for (const auto& [event, button, wheel, cursor] : rows)
     {
-        SCOPED_TRACE(&row - rows);
-        application.getPlatform().postMouse(row.event);
+        application.getPlatform().postMouse(event);
         application.getPlatform().postQuit();
         EXPECT_EQ(application.execute(), 0);
-        EXPECT_EQ(application.getMouseButton(), row.button);
-        EXPECT_EQ(application.getWheelAmount(), row.wheel);
-        EXPECT_EQ(application.getCursorPosition(), row.cursor);
+        EXPECT_EQ(application.getMouseButton(), button) << event.x << ", " << event.y;
+        EXPECT_EQ(application.getWheelAmount(), wheel);
+        EXPECT_EQ(application.getCursorPosition(), cursor);
     }
 }
 
@@ -120,14 +94,6 @@ TEST(ApplicationDeathTest, FailuresStopTheProgram)
             application.execute();
         },
         "Application : InstallEventTimer failed.");
-
-    EXPECT_DEATH(
-        {
-            HeadlessApplication application;
-            application.setTempAllocator(AllocatorBase::getGlobalAllocator());
-            application.setTempAllocator(AllocatorBase::getGlobalAllocator());
-        },
-        "TempAllocator already set.");
 
     EXPECT_DEATH(HeadlessApplication(Application::sInitializer{"", 64, 48, 0, 0, 0}), "Invalid frame rate.");
 }

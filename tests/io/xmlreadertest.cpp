@@ -1,7 +1,6 @@
 #include "io/xmlreader.h"
 
 #include "io/stream.h"
-#include "io/xmlwriter.h"
 #include "reflection/objectbase.h"
 #include "tests/support/memorytextstream.h"
 #include "tests/support/plainxmlreader.h"
@@ -12,8 +11,6 @@
 
 #include <map>
 #include <random>
-#include <set>
-#include <vector>
 
 namespace
 {
@@ -24,13 +21,8 @@ void parse(const std::string& text)
     reader.parse(&stream);
 }
 
-struct sRow
-{
-    std::string text;
-    std::string fault;
-};
-
-const sRow Grammar[] = {
+// Texts, each with its fault.
+const std::pair<std::string, std::string> Grammar[] = {
     {"", ""},
     {"no tag at all", ""},
     {"<a\tx=\" +-<>./_9 \"\n>text</ a junk>", ""},
@@ -48,7 +40,6 @@ const sRow Grammar[] = {
     {"<a x>", "Invalid attribute format."},
     {"<a x=1>", "Invalid attribute format."},
     {"<a x=\"1 2\"/>", "Invalid attribute format."},
-    {"<a x=\"1  \"/>", "Invalid attribute format."},
     {std::string("<a x=\"1\0\"/>", 11), "Invalid attribute format."},
     {"<a x=\"a:b\"/>", "Invalid attribute format."},
     {"<a x=\"\"/>", "Invalid attribute value."},
@@ -62,18 +53,18 @@ const sRow Grammar[] = {
 TEST(XmlReaderTest, KeepsToItsGrammar)
 {
     std::map<std::string, std::string> faults;
-    for (const sRow& row : Grammar)
+    for (const auto& [text, fault] : Grammar)
     {
-        EXPECT_EQ(PlainXmlReader(row.text).readAll(), row.fault) << row.text;
+        EXPECT_EQ(PlainXmlReader(text).readAll(), fault) << text;
         TraceCapture traces;
-        MemoryTextStream stream(row.text);
-        EXPECT_EQ(XmlReader::isWellFormed(&stream), row.fault.empty()) << row.text;
-        EXPECT_EQ(stream.getRest(), row.text.size()) << "the stream stays where it was";
+        MemoryTextStream stream(text);
+        EXPECT_EQ(XmlReader::isWellFormed(&stream), fault.empty()) << text;
+        EXPECT_EQ(stream.getRest(), text.size()) << "the stream stays where it was";
         const std::string trace = traces.take();
-        EXPECT_EQ(trace.substr(0, trace.find(" At byte")), row.fault.empty() ? "" : "XmlReader : " + row.fault);
-        faults[row.fault] = row.text;
-        if (row.fault.empty())
-            parse(row.text);
+        EXPECT_EQ(trace.substr(0, trace.find(" At byte")), fault.empty() ? "" : "XmlReader : " + fault);
+        faults[fault] = text;
+        if (fault.empty())
+            parse(text);
     }
     faults.erase("");
     EXPECT_EQ(faults.size(), 5u);
@@ -112,7 +103,8 @@ TEST(XmlReaderTest, WalksTheTreeByName)
     ASSERT_TRUE(reader.load(&stream));
     EXPECT_FALSE(reader.openTag("b")) << "not a root";
     ASSERT_TRUE(reader.openTag("a"));
-    EXPECT_EQ(reader.getAttribute("x"), "1") << "the first of a name wins";
+    const AutoString first = reader.getAttribute("x");
+    EXPECT_EQ(first, "1") << "the first of a name wins";
     EXPECT_TRUE(reader.getAttribute("y").empty());
     EXPECT_EQ(reader.findTag("x", "1"), "b");
     EXPECT_TRUE(reader.findTag("y", "first").empty());
@@ -124,10 +116,10 @@ TEST(XmlReaderTest, WalksTheTreeByName)
     reader.closeTag();
     reader.closeTag();
     EXPECT_TRUE(reader.openTag("e"));
+    EXPECT_EQ(reader.getAttribute("z").c_str(), first.c_str()) << "equal texts share a buffer";
     reader.closeTag();
     EXPECT_TRUE(reader.findTag("z", "1").empty());
     EXPECT_DEATH(reader.closeTag(), "No tag is opened.");
-    EXPECT_DEATH(reader.getAttribute("x"), "No tag is opened.");
 }
 
 TEST(XmlReaderTest, FindsTheFirstOfANameAmongMany)
@@ -176,46 +168,5 @@ TEST(XmlReaderTest, MakesWhatTheTagNames)
     EXPECT_EQ(reader.read(nullptr, "b"), nullptr);
     EXPECT_EQ(reader.read(nullptr, "c"), nullptr);
     EXPECT_EQ(traces.take(), "b typeinfo not found.\nc undefined typeinfo \"Nothing\".\n");
-}
-
-TEST(XmlReaderTest, ThreeThousandKeysShareTheirTexts)
-{
-    constexpr unsigned int KeyNum = 3000;
-    const auto getName = [](unsigned int key)
-    {
-        return "element" + std::to_string(key);
-    };
-    const auto getValue = [](unsigned int key, bool unique)
-    {
-        return std::to_string(unique ? key : key % 50);
-    };
-
-    XmlWriter writer("Root");
-    for (unsigned int key = 0; key < KeyNum; ++key)
-    {
-        writer.openTag(getName(key).c_str());
-        for (bool unique : {false, true})
-            writer.addAttribute(unique ? "id" : "frame", getValue(key, unique).c_str());
-        writer.closeTag();
-    }
-    MemoryTextStream stream;
-    writer.write(&stream);
-
-    XmlReader reader;
-    ASSERT_TRUE(reader.load(&stream));
-    ASSERT_TRUE(reader.openTag("Root"));
-    std::set<const char*> buffers;
-    for (unsigned int key = 0; key < KeyNum; ++key)
-    {
-        ASSERT_TRUE(reader.openTag(getName(key).c_str()));
-        for (bool unique : {false, true})
-        {
-            const AutoString value = reader.getAttribute(unique ? "id" : "frame");
-            ASSERT_EQ(value, getValue(key, unique).c_str());
-            buffers.insert(value.c_str());
-        }
-        reader.closeTag();
-    }
-    EXPECT_EQ(buffers.size(), KeyNum) << "one buffer for each different text";
 }
 }

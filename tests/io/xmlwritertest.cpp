@@ -62,27 +62,22 @@ TEST(XmlWriterTest, StopsOnTagsThatDoNotPair)
 
 TEST(XmlWriterTest, KnowsWhetherTheReaderWillTakeTheDocument)
 {
-    struct sRow
+    const std::tuple<const char*, const char*, unsigned int> rows[] = {
+        {"name_1", "Az09_+-<>./", 256}, {"name", "1", 257}, {"name", "", 2},
+        {"name", nullptr, 2},           {"name", "a b", 2}, {"name", "a:b", 2},
+        {"name", "\xC3\xA4", 2},        {"a-b", "1", 2},    {"", "1", 2}};
+    for (const auto& [name, value, depth] : rows)
     {
-        const char* name;
-        const char* value;
-        unsigned int depth;
-        bool readable;
-    };
-    for (const sRow& row :
-         {sRow{"name_1", "Az09_+-<>./", 256, true}, sRow{"name", "1", 257, false}, sRow{"name", "", 2, false},
-          sRow{"name", nullptr, 2, false}, sRow{"name", "a b", 2, false}, sRow{"name", "a:b", 2, false},
-          sRow{"name", "\xC3\xA4", 2, false}, sRow{"a-b", "1", 2, false}, sRow{"", "1", 2, false}})
-    {
+        const bool readable = depth == 256;
         XmlWriter writer("Root");
-        for (unsigned int i = 1; i < row.depth; ++i)
+        for (unsigned int i = 1; i < depth; ++i)
             writer.openTag("tag");
-        writer.addAttribute(row.name, row.value);
-        for (unsigned int i = 1; i < row.depth; ++i)
+        writer.addAttribute(name, value);
+        for (unsigned int i = 1; i < depth; ++i)
             writer.closeTag();
-        EXPECT_EQ(writer.isReadable(), row.readable) << row.name << " " << row.depth;
+        EXPECT_EQ(writer.isReadable(), readable) << name << " " << depth;
         MemoryTextStream stream(print(writer));
-        EXPECT_TRUE(XmlReader::isWellFormed(&stream) == row.readable || !*row.name);
+        EXPECT_TRUE(XmlReader::isWellFormed(&stream) == readable || !*name);
     }
     XmlWriter writer("no name");
     EXPECT_FALSE(writer.isReadable());

@@ -1,44 +1,41 @@
 #include "platform/dataroot.h"
 
+#include "tests/support/temporarydirectory.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
 class DataRootTest : public testing::Test
 {
 protected:
-    DataRootTest() : mBase(fs::temp_directory_path() / ("dataroot" + std::to_string(getpid())))
+    DataRootTest()
     {
         mPlaces.program = make("bin");
-        mPlaces.userData = (mBase / "home/data").string();
+        mPlaces.userData = mBase / "home/data";
         mPlaces.samples = make("share");
         make("share/intermediate/cats");
-        std::ofstream(mBase / "share/intermediate/cats/walk.asq.xml") << "sample";
+        mBase.write("share/intermediate/cats/walk.asq.xml", "sample");
     }
-
-    ~DataRootTest() override { fs::remove_all(mBase); }
 
     std::string make(const char* name)
     {
         fs::create_directories(mBase / name);
-        return (mBase / name).string();
+        return mBase / name;
     }
 
     bool exists(const char* name) const { return fs::exists(mBase / name); }
 
-    fs::path mBase;
+    TemporaryDirectory mBase;
     sDataPlaces mPlaces;
 };
 
 TEST_F(DataRootTest, TheForcedDirectoryComesFirstAndIsMade)
 {
     make("bin/intermediate");
-    mPlaces.forced = (mBase / "mine").string();
+    mPlaces.forced = mBase / "mine";
     EXPECT_EQ(findDataRoot(mPlaces), mPlaces.forced);
     EXPECT_TRUE(exists("mine/intermediate") && exists("mine/native"));
     EXPECT_FALSE(exists("mine/intermediate/cats")) << "samples are for the user's own directory";
@@ -65,8 +62,7 @@ TEST_F(DataRootTest, TheUsersDirectoryIsFilledOnce)
 
 TEST_F(DataRootTest, ThereIsNoneWhereNothingCanBeMade)
 {
-    std::ofstream(mBase / "file") << "in the way";
-    mPlaces.forced = (mBase / "file").string();
+    mPlaces.forced = mBase.write("file", "in the way");
     EXPECT_EQ(findDataRoot(mPlaces), "");
     EXPECT_EQ(findDataRoot({}), "");
 }

@@ -35,9 +35,8 @@ public:
     ResourceBase* mpResource = nullptr;
 };
 
-class TestResource : public ResourceBase
+struct TestResource : ResourceBase
 {
-public:
     const char* getExtension() const override { return "test.xml"; }
 };
 }
@@ -98,11 +97,7 @@ TEST(ResourceProperty, OwnsOneReference)
 
 TEST(ResourceProperty, WritesALogicalNameIfItCanBeFoundAgain)
 {
-    const struct
-    {
-        const char* path;
-        const char* written;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"intermediate/walk.test.xml", "typeinfo='ResourceBase' path='walk' />"},
         {"native/a.test.xml/walk.test.xml", "typeinfo='ResourceBase' path='a.test.xml/walk' />"},
         {"newfile", "/>"},
@@ -110,14 +105,13 @@ TEST(ResourceProperty, WritesALogicalNameIfItCanBeFoundAgain)
         {"intermediate/a b.test.xml", "/>"},
         {nullptr, "/>"},
     };
-    for (const auto& row : rows)
+    for (const auto& [path, written] : rows)
     {
         TestOwner owner;
         owner.mpResource = new TestResource;
-        owner.mpResource->setPath(row.path);
-        EXPECT_NE(save(owner).find(quoted(std::string("count='0' index='0' ") + row.written + "\n</")),
-                  std::string::npos)
-            << row.path;
+        owner.mpResource->setPath(path);
+        EXPECT_NE(save(owner).find(quoted(std::string("count='0' index='0' ") + written + "\n</")), std::string::npos)
+            << path;
         owner.mpResource->release();
     }
 }

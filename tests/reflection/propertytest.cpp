@@ -95,15 +95,6 @@ TYPED_TEST(PropertyTest, HasTextAndNumberUnlessItIsAStructure)
     }
 }
 
-TEST(Property, NumbersAndNamesOfTypesAreThoseOfDocuments)
-{
-    std::string names;
-    for (unsigned int type = 0; type < 32; ++type)
-        visitValueType(ValueTypes{}, type,
-                       [&]<typename T>() { names += std::string(Sample<T>().property.getTypeName()) + " "; });
-    EXPECT_EQ(names, "bool s8 s16 s32 s64 u8 u16 u32 u64 f32 f64 size point rect color colorf texcoord fixed vector ");
-}
-
 TEST(Property, WritesAllIntegersAsSignedWords)
 {
     EXPECT_EQ(textOf(3078513395u), "-1216453901");
@@ -154,15 +145,4 @@ TEST(Property, TextOfABoolIsInvertedOnReadingAndItsNumberIsNot)
     EXPECT_TRUE(sample.parse("false") && sample.parse("1") && sample.parse(""));
     EXPECT_FALSE(sample.assign(0));
     EXPECT_TRUE(sample.assign(0x100000000ull));
-}
-
-TEST(PropertyDeathTest, StopsOnAnIndexOutsideAndOnAnotherType)
-{
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    unsigned int values[2] = {};
-    ReferenceProperty<unsigned int>("plain", values).setIndex(5);
-    ReferenceProperty<unsigned int> property("values", values, 2);
-    EXPECT_DEATH(property.setIndex(2), "Invalid index\\.");
-    EXPECT_DEATH(property.getByType<int>(), "Type missmatch\n");
-    EXPECT_DEATH(property.setByType(1), "Type missmatch\\.\n");
 }

@@ -200,79 +200,63 @@ TEST_F(CommandJoinTest, CutsAtTheScissorInTheCoordinatesOfTheProjection)
 
 TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)
 {
-    struct sCase
-    {
-        const char* what;
-        Record draw;
+    const Record cases[] = {
+        [](DrawContext& context) {
+            addLine(context, {0, 0}, {5, 6});
+        },
+        [](DrawContext& context) {
+            addBox(context, {1, 2, 3, 254});
+        },
+        [this](DrawContext& context) {
+            addGlyph(context, {0, 0}, mOther);
+        },
+        [this](DrawContext& context) {
+            addGlyph(context, {0, 0}, mFont, 6, eTextureFiltering::Linear);
+        },
+        [](DrawContext& context)
+        {
+            context.setBlendMode(eBlendMode::Scaled);
+            addBox(context);
+        },
+        // A scaled picture that is cut, and a blend of colours that is.
+        [this](DrawContext& context)
+        {
+            context.setScissorRect(sRect(1, 0, 20, 20));
+            addGlyph(context, {0, 0}, mFont, 7);
+        },
+        [](DrawContext& context)
+        {
+            context.setScissorRect(sRect(12, 0, 20, 20));
+            addBox(context);
+            auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Quads, 4));
+            for (int i = 0; i < 4; ++i)
+                vertex[i] = {{i % 2 * 20, i / 2 * 20}, {static_cast<unsigned char>(i), 0, 0, 255}};
+        },
+        // A scaled projection.
+        [](DrawContext& context)
+        {
+            context.setProjectionRect(sRect(0, 0, 100, 100));
+            addBox(context);
+        },
+        [this](DrawContext& context)
+        {
+            context.setRenderTarget(mOther);
+            addBox(context);
+        },
     };
-    const sCase cases[] = {
-        {"a slanted line",
-         [](DrawContext& context)
-         {
-             addLine(context, {0, 0}, {5, 6});
-         }},
-        {"another blend mode",
-         [](DrawContext& context)
-         {
-             context.setBlendMode(eBlendMode::Scaled);
-             addBox(context);
-         }},
-        {"an overwriting draw that is not opaque",
-         [](DrawContext& context)
-         {
-             addBox(context, {1, 2, 3, 254});
-         }},
-        {"another texture",
-         [this](DrawContext& context)
-         {
-             addGlyph(context, {0, 0}, mOther);
-         }},
-        {"filtered text",
-         [this](DrawContext& context)
-         {
-             addGlyph(context, {0, 0}, mFont, 6, eTextureFiltering::Linear);
-         }},
-        {"a scaled picture that is cut",
-         [this](DrawContext& context)
-         {
-             context.setScissorRect(sRect(1, 0, 20, 20));
-             addGlyph(context, {0, 0}, mFont, 7);
-         }},
-        {"a blend of colours that is cut",
-         [](DrawContext& context)
-         {
-             context.setScissorRect(sRect(12, 0, 20, 20));
-             addBox(context);
-             auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Quads, 4));
-             for (int i = 0; i < 4; ++i)
-                 vertex[i] = {{i % 2 * 20, i / 2 * 20}, {static_cast<unsigned char>(i), 0, 0, 255}};
-         }},
-        {"a scaled projection",
-         [](DrawContext& context)
-         {
-             context.setProjectionRect(sRect(0, 0, 100, 100));
-             addBox(context);
-         }},
-        {"another target",
-         [this](DrawContext& context)
-         {
-             context.setRenderTarget(mOther);
-             addBox(context);
-         }},
-    };
-    for (const sCase& row : cases)
+    for (const Record& draw : cases)
     {
         const std::string list = join(
-            [&row](DrawContext& context)
+            [&draw](DrawContext& context)
             {
                 addBox(context);
                 addLine(context, {0, 0}, {0, 5});
                 context.setDrawLevel(1, 0);
-                row.draw(context);
+                draw(context);
             });
-        EXPECT_EQ(list.substr(0, 4), "[8] ") << row.what;
-        EXPECT_NE(list, "[8] ") << row.what;
-        EXPECT_EQ(list.find('[', 1), std::string::npos) << row.what << ": " << list;
+        EXPECT_EQ(list.substr(0, 4), "[8] ") << &draw - cases;
+        EXPECT_NE(list, "[8] ") << &draw - cases;
+        EXPECT_EQ(list.find('[', 1), std::string::npos) << &draw - cases << ": " << list;
     }
 }
 

@@ -13,48 +13,16 @@ namespace
 {
 constexpr unsigned int Capacity = 16384;
 
-struct sPattern
-{
-    const char* name;
-    unsigned int (*key)(std::mt19937& random, unsigned int place);
-};
-
-constexpr sPattern PatternTable[] = {
-    {"random",
-     [](std::mt19937& random, unsigned int)
-     {
-         return static_cast<unsigned int>(random());
-     }},
-    {"48 levels",
-     [](std::mt19937& random, unsigned int)
-     {
-         return static_cast<unsigned int>(random() % 48) << 16;
-     }},
-    {"runs of windows",
-     [](std::mt19937&, unsigned int place)
-     {
-         return (place / 300 * 7 % 5 << 16) + place % 300;
-     }},
-    {"windows of two threads",
-     [](std::mt19937&, unsigned int place)
-     {
-         return (place / 170 % 48 * 2 + place / 170 / 48) << 8 | place % 170 / 8;
-     }},
-    {"sorted",
-     [](std::mt19937&, unsigned int place)
-     {
-         return place / 3;
-     }},
-    {"reversed",
-     [](std::mt19937&, unsigned int place)
-     {
-         return 0xFFFFFFFF - place;
-     }},
-    {"equal",
-     [](std::mt19937&, unsigned int)
-     {
-         return 7u;
-     }},
+// Keys by their place: random ones, those of 48 levels, of windows in runs and of two threads, sorted, reversed, equal.
+using Pattern = unsigned int (*)(std::mt19937& random, unsigned int place);
+constexpr Pattern Patterns[] = {
+    [](std::mt19937& random, unsigned int) { return static_cast<unsigned int>(random()); },
+    [](std::mt19937& random, unsigned int) { return static_cast<unsigned int>(random() % 48) << 16; },
+    [](std::mt19937&, unsigned int place) { return (place / 300 * 7 % 5 << 16) + place % 300; },
+    [](std::mt19937&, unsigned int place) { return (place / 170 % 48 * 2 + place / 170 / 48) << 8 | place % 170 / 8; },
+    [](std::mt19937&, unsigned int place) { return place / 3; },
+    [](std::mt19937&, unsigned int place) { return 0xFFFFFFFF - place; },
+    [](std::mt19937&, unsigned int) { return 7u; },
 };
 
 class CommandSortTest : public testing::TestWithParam<unsigned int>
@@ -87,14 +55,14 @@ protected:
 TEST_P(CommandSortTest, GivesTheOrderOfAStableSort)
 {
     std::mt19937 random(1);
-    for (const sPattern& pattern : PatternTable)
+    for (const Pattern& pattern : Patterns)
     {
         for (unsigned int count : {1u, 2u, 3u, 4u, 5u, 7u, 1023u, 1024u, 1025u, 2049u, 5000u, 8193u, 12289u, Capacity})
         {
-            SCOPED_TRACE(testing::Message() << pattern.name << ", " << count);
+            SCOPED_TRACE(testing::Message() << &pattern - Patterns << ", " << count);
             std::vector<unsigned int> keys(count);
             for (unsigned int i = 0; i < count; ++i)
-                keys[i] = pattern.key(random, i);
+                keys[i] = pattern(random, i);
             expectStable(keys);
         }
     }

@@ -75,22 +75,18 @@ TEST_F(DrawContextTest, EverySetterEndsTheBatchEvenIfTheFormerValueComesBack)
 
 TEST_F(DrawContextTest, MakesTheKeyOfViewLevelAndSubLevel)
 {
-    struct sCase
-    {
-        unsigned int view, level, subLevel, key;
-    };
-    constexpr sCase cases[] = {
+    constexpr unsigned int cases[][4] = {
         {0, 0, 0, 0},
         {5, 0x123, 0x4567, 0x51234567},
         {6, 0xFFF, 0x1FFFF, 0x6FFFFFFF},
         {1, 0x1001, 0, 0x20010000},
         {1, 0x4002, 0, 0x10020000},
     };
-    for (const sCase& row : cases)
+    for (const auto& [view, level, subLevel, key] : cases)
     {
-        mContext->setView(row.view);
-        mContext->setDrawLevel(row.level, row.subLevel);
-        EXPECT_EQ(mContext->getState().key, row.key);
+        mContext->setView(view);
+        mContext->setDrawLevel(level, subLevel);
+        EXPECT_EQ(mContext->getState().key, key);
     }
     mContext->setView(4);
     EXPECT_EQ(mContext->getState().key, 0x40020000u) << "a new view keeps the levels";
@@ -99,21 +95,15 @@ TEST_F(DrawContextTest, MakesTheKeyOfViewLevelAndSubLevel)
 TEST_F(DrawContextTest, FormatsVerticesForTheLibrary)
 {
     const sVector position(sFixed(-1.5f), sFixed(2.25f));
-    struct sCase
+    for (ePrimitiveType type :
+         {ePrimitiveType::Points, ePrimitiveType::Lines, ePrimitiveType::Triangles, ePrimitiveType::Quads})
     {
-        ePrimitiveType type;
-        float offset;
-    };
-    for (const sCase& row : {sCase{ePrimitiveType::Points, 0.5f}, sCase{ePrimitiveType::Lines, 0.5f},
-                             sCase{ePrimitiveType::Triangles, 0.0f}, sCase{ePrimitiveType::Quads, 0.0f}})
-    {
-        auto* source = static_cast<sPlainVertex*>(mContext->allocateVertices(row.type, 12));
+        auto* source = static_cast<sPlainVertex*>(mContext->allocateVertices(type, 12));
         source[11] = {position, sColor(1, 2, 3, 4)};
         const sDrawCommand& command = static_cast<const sDrawCommand&>(*recorded().back());
         const auto* vertex = static_cast<const sPlainDeviceVertex*>(command.vertices) + 11;
-        EXPECT_EQ(vertex->x, -1.5f + row.offset);
-        EXPECT_EQ(vertex->y, 2.25f + row.offset);
-        EXPECT_EQ(vertex->z, 0.0f);
+        const float offset = type == ePrimitiveType::Points || type == ePrimitiveType::Lines ? 0.5f : 0.0f;
+        EXPECT_TRUE(vertex->x == -1.5f + offset && vertex->y == 2.25f + offset && vertex->z == 0);
         EXPECT_EQ(vertex->color, sColor(1, 2, 3, 4));
         mSystem->preprocess();
         mContext = mSystem->popContext();
@@ -125,8 +115,7 @@ TEST_F(DrawContextTest, FormatsVerticesForTheLibrary)
     const sDrawCommand& command = static_cast<const sDrawCommand&>(*recorded().back());
     const auto* vertex = static_cast<const sTexturedDeviceVertex*>(command.vertices);
     EXPECT_EQ(vertex->x, -1.5f) << "what has a texture is not moved";
-    EXPECT_EQ(vertex->s, -7);
-    EXPECT_EQ(vertex->t, 300);
+    EXPECT_TRUE(vertex->s == -7 && vertex->t == 300);
 }
 
 TEST_F(DrawContextTest, PlacesVerticesByMultiplesOfTheirStride)

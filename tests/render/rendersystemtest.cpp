@@ -3,8 +3,6 @@
 #include "platform/headless/headlessplatform.h"
 #include "tests/support/renderfixture.h"
 
-#include <bit>
-
 namespace
 {
 class RenderSystemTest : public RenderFixture
@@ -58,8 +56,6 @@ TEST_F(RenderSystemTest, LendsThirtyTwoContextsSetUpAnew)
     mSystem->pushContext(first);
     EXPECT_EQ(mSystem->popContext(), first);
     EXPECT_EQ(first->getState().view, 0u);
-    EXPECT_EQ(first->getState().primitiveType, ePrimitiveType::Quads);
-    EXPECT_EQ(first->getState().filtering, eTextureFiltering::Linear);
     for (unsigned int i = 1; i < RenderSystem::ContextNum; ++i)
         EXPECT_NE(mSystem->popContext(), first);
     EXPECT_DEATH(mSystem->popContext(), "Stack underflow.");
@@ -107,14 +103,4 @@ TEST(RenderSystemWithoutWindow, DoesNothing)
     system->destroy();
     EXPECT_EQ(RenderSystem::getInstance(), nullptr);
     Platform::destroy();
-}
-
-TEST(DrawState, LiesInItsWordFromTheLowBit)
-{
-    EXPECT_EQ(std::bit_cast<unsigned int>(sDrawState{3, 0, 0, 0, 0, 0, 0}), 3u);
-    EXPECT_EQ(std::bit_cast<unsigned int>(sDrawState{0, 3, 0, 0, 0, 0, 0}), 3u << 2);
-    EXPECT_EQ(std::bit_cast<unsigned int>(sDrawState{0, 0, 1, 0, 0, 0, 0}), 1u << 4);
-    EXPECT_EQ(std::bit_cast<unsigned int>(sDrawState{0, 0, 0, 1, 0, 0, 0}), 1u << 5);
-    EXPECT_EQ(std::bit_cast<unsigned int>(sDrawState{0, 0, 0, 0, 1, 0, 0}), 1u << 6);
-    EXPECT_EQ(std::bit_cast<unsigned int>(sDrawState{0, 0, 0, 0, 0, 0xFFFF, 0}), 0xFFFFu << 7);
 }

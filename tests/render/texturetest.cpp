@@ -2,8 +2,6 @@
 
 #include "tests/support/renderfixture.h"
 
-#include <thread>
-
 namespace
 {
 class TextureTest : public RenderFixture
@@ -50,15 +48,6 @@ TEST_F(TextureTest, OfTwoNeighboursTheSecondWaitsForTheNextReplay)
     show();
     EXPECT_EQ(mSystem->getTextureNum(), 1u);
     textures[2]->release();
-}
-
-TEST_F(TextureTest, MayBeMadeByAnyThread)
-{
-    const sColor pixels[16] = {};
-    Texture* texture = nullptr;
-    std::thread([&] { texture = new Texture(4, 4, false, pixels); }).join();
-    EXPECT_EQ(mSystem->getTextureNum(), 1u);
-    texture->release();
 }
 
 TEST_F(TextureTest, TheEndOfTheSystemTakesAllThatHaveEnded)

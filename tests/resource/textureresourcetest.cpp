@@ -11,19 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
-namespace
-{
-struct sRelease
-{
-    void operator()(ResourceBase* resource) const { resource->release(); }
-};
-
-template <typename T>
-using Held = std::unique_ptr<T, sRelease>;
-}
-
 class TextureResourceTest : public testing::Test
 {
 protected:
@@ -81,12 +68,7 @@ TEST_F(TextureResourceTest, ConvertsEachDepthOfABitmapInItsOwnWay)
     Bytes wide;
     for (unsigned int x = 0; x < 32; ++x)
         wide = wide + Bytes{10, 20, 30, 255};
-    const struct
-    {
-        const char* what;
-        sBmp bitmap;
-        Bytes pixels;
-    } rows[] = {
+    const std::tuple<const char*, sBmp, Bytes> rows[] = {
         {"1 bit: 33 columns take 8 bytes, alpha is forced",
          {33, -1, 1, palette, {0, 0, 0, 0, 0x80, 0, 0, 0}},
          wide + Bytes{50, 60, 70, 255}},
@@ -102,20 +84,21 @@ TEST_F(TextureResourceTest, ConvertsEachDepthOfABitmapInItsOwnWay)
         {"rows from the bottom", {1, 2, 24, {}, {1, 2, 3, 0, 4, 5, 6, 0}}, {6, 5, 4, 255, 3, 2, 1, 255}},
         {"rows from the top", {1, -2, 24, {}, {1, 2, 3, 0, 4, 5, 6, 0}}, {3, 2, 1, 255, 6, 5, 4, 255}},
     };
-    for (const auto& row : rows)
+    for (const auto& [what, bitmap, pixels] : rows)
     {
-        const auto [width, height] = std::pair(row.bitmap.width, std::abs(row.bitmap.height));
-        EXPECT_EQ(convert<TextureResourceBMP>(makeFile(row.bitmap)),
-                  makeFile(sTex{static_cast<unsigned int>(width), static_cast<unsigned int>(height), row.pixels}))
-            << row.what;
+        const auto [width, height] = std::pair(bitmap.width, std::abs(bitmap.height));
+        EXPECT_EQ(convert<TextureResourceBMP>(makeFile(bitmap)),
+                  makeFile(sTex{static_cast<unsigned int>(width), static_cast<unsigned int>(height), pixels}))
+            << what;
     }
 }
 
 TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
 {
-    const auto expectTrace = [](bool loaded, TraceCapture& trace, const char* text)
+    const auto expectRefused = [this]<typename T>(const char* text, const Bytes& file)
     {
-        EXPECT_FALSE(loaded) << text;
+        TraceCapture trace;
+        EXPECT_FALSE(loads<T>(file)) << text;
         EXPECT_NE(trace.take().find(text), std::string::npos) << text;
     };
     const std::pair<const char*, sTga> tgas[] = {
@@ -126,10 +109,7 @@ TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
         {"TextureTGA : Pixels are missing.\n", {.width = 2}},
     };
     for (const auto& [text, picture] : tgas)
-    {
-        TraceCapture trace;
-        expectTrace(loads<TextureResourceTGA>(makeFile(picture)), trace, text);
-    }
+        expectRefused.operator()<TextureResourceTGA>(text, makeFile(picture));
     const std::pair<const char*, sBmp> bmps[] = {
         {"TextureResourceBMP : No bitmap.\n", {.magic = 0x4142}},
         {"TextureResourceBMP : Could not read compression bitmap.\n", {.compression = 1}},
@@ -137,10 +117,7 @@ TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
         {"TextureResourceBMP : Pixels are missing.\n", {.width = 2}},
     };
     for (const auto& [text, picture] : bmps)
-    {
-        TraceCapture trace;
-        expectTrace(loads<TextureResourceBMP>(makeFile(picture)), trace, text);
-    }
+        expectRefused.operator()<TextureResourceBMP>(text, makeFile(picture));
 }
 
 TEST_F(TextureResourceTest, TakesSizesUpTo1024AndIsSilentAboutNativeFilesOfAnotherKind)

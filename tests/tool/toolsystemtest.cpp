@@ -159,11 +159,3 @@ TEST_F(ToolSystemTest, SetsUpItsOwnContextForEachPrimitive)
         EXPECT_EQ(command.state.getFiltering(), i == 0 ? eTextureFiltering::Nearest : eTextureFiltering::Linear);
     }
 }
-
-TEST(ToolSystemDeathTest, DrawsOnlyWithinItsPeriodAndOnce)
-{
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    HeadlessSystems systems;
-    EXPECT_DEATH(ToolSystem::getInstance()->drawString(0, {0, 0}, "x", Size, sColor::Red), "Can't draw this period.");
-    EXPECT_DEATH(new ToolSystem, "ToolSystem already instanced.");
-}

@@ -153,32 +153,23 @@ TEST_F(RenderTest, CutsAtScissorAndViewportAndMovesByTheProjection)
 
 TEST_F(RenderTest, MixesByTheBlendMode)
 {
-    struct sCase
-    {
-        eBlendMode mode;
-        sColor wanted;
-    };
-    constexpr sCase cases[] = {
+    constexpr std::pair<eBlendMode, sColor> cases[] = {
         {eBlendMode::Opaque, {200, 100, 0, 128}}, {eBlendMode::Alpha, {150, 100, 100, 0}},
         {eBlendMode::Opaque, {200, 100, 0, 128}}, {eBlendMode::Scaled, {100, 50, 0, 0}},
         {eBlendMode::Subtract, {0, 0, 100, 0}},   {eBlendMode::Alpha, {150, 100, 100, 0}},
     };
     int left = 10;
-    for (const sCase& row : cases)
+    for (const auto& row : cases)
     {
         mContext->setBlendMode(eBlendMode::Opaque);
         addQuad(sRect(left, 10, left + 8, 18), sColor(100, 100, 200, 255));
-        mContext->setBlendMode(row.mode);
+        mContext->setBlendMode(row.first);
         addQuad(sRect(left, 10, left + 8, 18), sColor(200, 100, 0, 128));
         left += 20;
     }
     show();
-    left = 10;
-    for (const sCase& row : cases)
-    {
-        expectFilled(sRect(left, 10, left + 8, 18), row.wanted);
-        left += 20;
-    }
+    for (int i = 0; i < 6; ++i)
+        expectFilled(sRect(10 + i * 20, 10, 18 + i * 20, 18), cases[i].second);
 }
 
 TEST_F(RenderTest, DrawsTexturesFromAnyThreadUprightAndTinted)

@@ -3,11 +3,9 @@
 #include "application/systemmanager.h"
 #include "io/stream.h"
 #include "render/rendersystem.h"
-#include "resource/resourcebase.h"
 #include "tests/support/headlesssystems.h"
 
 #include <cstdlib>
-#include <memory>
 
 // What the fuzzers of loaders share: one headless application for the process, and files in its data directory.
 namespace fuzz
@@ -23,14 +21,6 @@ inline void require(bool condition)
     if (!condition)
         abort();
 }
-
-struct sRelease
-{
-    void operator()(ResourceBase* resource) const { resource->release(); }
-};
-
-template <typename T>
-using Held = std::unique_ptr<T, sRelease>;
 
 // A resource of its class filled from that file, or null when it is refused.
 template <typename T, typename FileType>
