@@ -1,6 +1,8 @@
+#include "tests/support/temporarydirectory.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <csignal>
 #include <string>
 
 #include <sys/wait.h>
@@ -15,12 +17,10 @@ struct sEnd
 
 sEnd runHeapProgram(const std::string& arguments)
 {
-    sEnd end{};
-    std::FILE* pipe = popen((HEAP_PROGRAM " " + arguments + " 2>&1 >/dev/null; exit $?").c_str(), "r");
-    for (int character; (character = std::fgetc(pipe)) != EOF;)
-        end.errors += static_cast<char>(character);
-    end.status = pclose(pipe);
-    return end;
+    const TemporaryDirectory place;
+    const std::string command = HEAP_PROGRAM " " + arguments + " 2>" + place / "errors" + "; exit $?";
+    const int status = std::system(command.c_str());
+    return {place.read("errors"), status};
 }
 }
 

@@ -27,20 +27,7 @@ protected:
     using Record = std::function<void(DrawContext&)>;
     using Vertices = std::vector<sTexturedDeviceVertex>;
 
-    void SetUp() override
-    {
-        RenderFixture::SetUp();
-        mFont = new Texture(16, 16, false, nullptr);
-        mOther = new Texture(16, 16, false, nullptr);
-        mJoin.setSolidTexel(mFont, Solid);
-    }
-
-    void TearDown() override
-    {
-        mFont->release();
-        mOther->release();
-        RenderFixture::TearDown();
-    }
+    CommandJoinTest() { mJoin.setSolidTexel(mFont.get(), Solid); }
 
     // What becomes of a frame: a word for each command, with its number of vertices; joined draws stand in brackets.
     std::string join(const Record& record)
@@ -137,8 +124,8 @@ protected:
 
     const sRect mWindow{WindowWidth, WindowHeight};
     CommandJoin mJoin{64};
-    Texture* mFont = nullptr;
-    Texture* mOther = nullptr;
+    const Held<Texture> mFont{new Texture(16, 16, false, nullptr)};
+    const Held<Texture> mOther{new Texture(16, 16, false, nullptr)};
     unsigned int mRoom = 100000;
     unsigned int mDeviceDrawNum = 0;
     Vertices mJoined;
@@ -154,7 +141,7 @@ TEST_F(CommandJoinTest, MakesOneDrawOfQuadsLinesTrianglesAndText)
         addLine(context, {0, 5}, {9, 5});
         addLine(context, {9, 6}, {0, 6});
         addLine(context, {3, 2}, {3, 9});
-        addGlyph(context, {30, 40}, mFont);
+        addGlyph(context, {30, 40}, mFont.get());
         auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Triangles, 3));
         for (int i = 0; i < 3; ++i)
             vertex[i] = {{50 + i, 60 + i * i}, sColor::White};
@@ -168,7 +155,7 @@ TEST_F(CommandJoinTest, MakesOneDrawOfQuadsLinesTrianglesAndText)
                                                            {30, 40, 36, 48, 2, 4},
                                                            {50, 60, 52, 64, 15, 15}}))
         << "a line leaves its last pixel out, from whichever side it comes";
-    EXPECT_EQ(mLastJoined.texture, mFont);
+    EXPECT_EQ(mLastJoined.texture, mFont.get());
     EXPECT_EQ(mLastJoined.state.getBlendMode(), eBlendMode::Alpha);
 
     mJoin.setEnable(false);
@@ -184,7 +171,7 @@ TEST_F(CommandJoinTest, CutsAtTheScissorInTheCoordinatesOfTheProjection)
         context.setProjectionRect(sRect(0, 0, 200, 200));
         context.setScissorRect(sRect(112, 114, 115, 200));
         addBox(context);
-        addGlyph(context, {10, 10}, mFont);
+        addGlyph(context, {10, 10}, mFont.get());
         addLine(context, {0, 15}, {50, 15});
         addLine(context, {0, 13}, {50, 13});
         context.setScissorRect(sRect(0, 0, 5, 5));
@@ -208,10 +195,10 @@ TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)
             addBox(context, {1, 2, 3, 254});
         },
         [this](DrawContext& context) {
-            addGlyph(context, {0, 0}, mOther);
+            addGlyph(context, {0, 0}, mOther.get());
         },
         [this](DrawContext& context) {
-            addGlyph(context, {0, 0}, mFont, 6, eTextureFiltering::Linear);
+            addGlyph(context, {0, 0}, mFont.get(), 6, eTextureFiltering::Linear);
         },
         [](DrawContext& context)
         {
@@ -222,7 +209,7 @@ TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)
         [this](DrawContext& context)
         {
             context.setScissorRect(sRect(1, 0, 20, 20));
-            addGlyph(context, {0, 0}, mFont, 7);
+            addGlyph(context, {0, 0}, mFont.get(), 7);
         },
         [](DrawContext& context)
         {
@@ -240,7 +227,7 @@ TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)
         },
         [this](DrawContext& context)
         {
-            context.setRenderTarget(mOther);
+            context.setRenderTarget(mOther.get());
             addBox(context);
         },
     };
@@ -289,7 +276,7 @@ TEST_F(CommandJoinTest, AClearFindsTheScissorOfTheLastDraw)
                       addBox(context);
                       context.setDrawLevel(1, 0);
                       context.clear(sRect(10, 10), sColor::Red);
-                      context.setRenderTarget(mOther);
+                      context.setRenderTarget(mOther.get());
                       context.setDrawLevel(2, 0);
                       context.clear(sRect(10, 10), sColor::Red);
                       context.setRenderTarget(nullptr);

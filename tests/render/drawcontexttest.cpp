@@ -8,12 +8,6 @@ namespace
 class DrawContextTest : public RenderFixture
 {
 protected:
-    void SetUp() override
-    {
-        RenderFixture::SetUp();
-        mContext = mSystem->popContext();
-    }
-
     void addQuad() { RenderFixture::addQuad(mContext, sRect(0, 0, 8, 8), sColor::White); }
 
     // The commands that the context has made so far.
@@ -23,7 +17,7 @@ protected:
         return sorted();
     }
 
-    DrawContext* mContext = nullptr;
+    DrawContext* mContext = mSystem->popContext();
 };
 }
 

@@ -68,21 +68,6 @@ using Calls = std::vector<std::string>;
 class ReplayTest : public RenderFixture
 {
 protected:
-    void SetUp() override
-    {
-        RenderFixture::SetUp();
-        mDraw = {{eCommand::Draw, 0}, {0, 3, 1, 0, 0, 4, 0}, mMemory + 32, nullptr, nullptr, mWindow, mWindow, mWindow};
-        mTarget = new Texture(64, 32, true, nullptr);
-        mTexture = new Texture(16, 16, false, nullptr);
-    }
-
-    void TearDown() override
-    {
-        mTarget->release();
-        mTexture->release();
-        RenderFixture::TearDown();
-    }
-
     // What the replay asks for beyond the three rectangles at its start.
     Calls replay(std::vector<const sCommand*> commands, unsigned int drawNum)
     {
@@ -97,9 +82,10 @@ protected:
 
     const sRect mWindow{100, 80};
     unsigned char mMemory[256];
-    sDrawCommand mDraw;
-    Texture* mTarget = nullptr;
-    Texture* mTexture = nullptr;
+    const sDrawCommand mDraw = {
+        {eCommand::Draw, 0}, {0, 3, 1, 0, 0, 4, 0}, mMemory + 32, nullptr, nullptr, mWindow, mWindow, mWindow};
+    const Held<Texture> mTarget{new Texture(64, 32, true, nullptr)};
+    const Held<Texture> mTexture{new Texture(16, 16, false, nullptr)};
 };
 }
 
@@ -108,8 +94,8 @@ TEST_F(ReplayTest, HandsOnlyChangesOnInAFixedOrder)
     sDrawCommand changed = mDraw;
     changed.state = {1, 1, 0, 1, 1, 2, 0};
     changed.vertices = mMemory + 60;
-    changed.texture = mTexture;
-    changed.target = mTarget;
+    changed.texture = mTexture.get();
+    changed.target = mTarget.get();
     changed.viewport = sRect(1, 2, 3, 4);
     changed.scissor = sRect(5, 6, 7, 8);
     changed.projection = sRect(9, 10, 11, 12);
@@ -125,9 +111,9 @@ TEST_F(ReplayTest, HandsOnlyChangesOnInAFixedOrder)
 TEST_F(ReplayTest, OnlyAClearChangesTheTargetRectangle)
 {
     sDrawCommand draw = mDraw;
-    draw.target = mTarget;
+    draw.target = mTarget.get();
     draw.viewport = sRect(0, 0, 64, 32);
-    const sClearCommand clear = {{eCommand::Clear, 0}, sColor::Red, sRect(0, 0, 64, 32), mTarget};
+    const sClearCommand clear = {{eCommand::Clear, 0}, sColor::Red, sRect(0, 0, 64, 32), mTarget.get()};
     EXPECT_EQ(
         replay({&draw, &clear, &mDraw, &clear}, 2),
         (Calls{"target 64", "viewport 0,0,64,32 in 0,0,100,80", "draw 3 2 4 0", "clear 0,0,64,32 in 0,0,100,80",
@@ -141,9 +127,9 @@ TEST_F(ReplayTest, EachTextureKeepsItsFiltering)
     sDrawCommand first = mDraw;
     first.state = {0, 3, 0, 0, 1, 4, 0};
     first.vertices = mMemory + 40;
-    first.texture = mTexture;
+    first.texture = mTexture.get();
     sDrawCommand second = first;
-    second.texture = mTarget;
+    second.texture = mTarget.get();
     sDrawCommand bare = first;
     bare.texture = nullptr;
     bare.state.filtering = 1;

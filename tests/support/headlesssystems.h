@@ -2,12 +2,11 @@
 
 #include "render/command.h"
 #include "render/vertex.h"
-#include "resource/resourcebase.h"
 #include "tests/support/bytes.h"
 #include "tests/support/headlessapplication.h"
+#include "tests/support/held.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,15 +18,6 @@ struct sRecordedDraw
     sDrawCommand command;
     std::vector<sTexturedDeviceVertex> vertices; // Without texture coordinates where the command has none.
 };
-
-// Gives its reference to a resource back.
-struct sRelease
-{
-    void operator()(ResourceBase* resource) const { resource->release(); }
-};
-
-template <typename T>
-using Held = std::unique_ptr<T, sRelease>;
 
 // Adds the systems that loading and drawing need to the manager, ready to run.
 void createDrawingSystems();

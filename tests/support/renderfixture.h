@@ -5,6 +5,7 @@
 #include "render/drawcontext.h"
 #include "render/rendersystem.h"
 #include "render/vertex.h"
+#include "tests/support/held.h"
 
 #include <gtest/gtest.h>
 
@@ -17,27 +18,20 @@ protected:
     static constexpr unsigned int WindowWidth = 1024;
     static constexpr unsigned int WindowHeight = 768;
 
-    explicit RenderFixture(ePlatform kind = ePlatform::Headless, unsigned int threadNum = 1)
-        : mKind(kind), mThreadNum(threadNum)
-    {
-    }
-
-    void SetUp() override
+    explicit RenderFixture(ePlatform kind = ePlatform::Headless)
     {
         testing::FLAGS_gtest_death_test_style = "threadsafe";
-        ASSERT_TRUE(Platform::create(mKind));
-        ASSERT_TRUE(Platform::getInstance()->openWindow("render", WindowWidth, WindowHeight));
-        JobSystem::create(0x10000, mThreadNum);
+        EXPECT_TRUE(Platform::create(kind));
+        EXPECT_TRUE(Platform::getInstance()->openWindow("render", WindowWidth, WindowHeight));
+        JobSystem::create(0x10000, 1);
         mSystem = RenderSystem::create();
         mSystem->preprocess();
     }
 
-    void TearDown() override
+    ~RenderFixture() override
     {
-        if (mSystem)
-            mSystem->destroy();
-        if (JobSystem::getInstance())
-            JobSystem::getInstance()->destroy();
+        mSystem->destroy();
+        JobSystem::getInstance()->destroy();
         Platform::destroy();
     }
 
@@ -76,7 +70,5 @@ protected:
             *vertex++ = {{corner.x, corner.y}, color};
     }
 
-    ePlatform mKind;
-    unsigned int mThreadNum;
     RenderSystem* mSystem = nullptr;
 };

@@ -28,12 +28,6 @@ class RenderTest : public RenderFixture
 protected:
     RenderTest() : RenderFixture(ePlatform::SDL) {}
 
-    void SetUp() override
-    {
-        RenderFixture::SetUp();
-        mContext = mSystem->popContext();
-    }
-
     // Ends the frame, keeps its picture and begins the next one.
     void show()
     {
@@ -92,7 +86,7 @@ protected:
 
     static constexpr sColor Texels[4] = {sColor::Red, sColor::Green, sColor::Blue, sColor::Yellow};
 
-    DrawContext* mContext = nullptr;
+    DrawContext* mContext = mSystem->popContext();
     std::vector<sColor> mPicture;
 };
 }
@@ -174,17 +168,17 @@ TEST_F(RenderTest, MixesByTheBlendMode)
 
 TEST_F(RenderTest, DrawsTexturesFromAnyThreadUprightAndTinted)
 {
-    Texture* own = new Texture(2, 2, false, Texels);
-    Texture* foreign = nullptr;
+    const Held<Texture> own(new Texture(2, 2, false, Texels));
+    Held<Texture> foreign;
     std::thread(
         [&]
         {
             const std::vector<sColor> pixels(std::begin(Texels), std::end(Texels));
-            foreign = new Texture(2, 2, false, pixels.data());
+            foreign.reset(new Texture(2, 2, false, pixels.data()));
         })
         .join();
-    addTexturedQuad(own, sRect(10, 10, 26, 26), 2, 2);
-    addTexturedQuad(foreign, sRect(40, 10, 56, 26), 2, 2);
+    addTexturedQuad(own.get(), sRect(10, 10, 26, 26), 2, 2);
+    addTexturedQuad(foreign.get(), sRect(40, 10, 56, 26), 2, 2);
     addQuad(sRect(70, 10, 86, 26), sColor::White);
     show();
     expectTexels(10, 10, Texels);
@@ -192,18 +186,16 @@ TEST_F(RenderTest, DrawsTexturesFromAnyThreadUprightAndTinted)
     expectFilled(sRect(70, 10, 86, 26), sColor::White);
 
     mContext->setTextureCombineMode(eTextureCombineMode::Add);
-    addTexturedQuad(own, sRect(10, 10, 26, 26), 2, 2);
+    addTexturedQuad(own.get(), sRect(10, 10, 26, 26), 2, 2);
     show();
     EXPECT_TRUE(isNear(pixel(12, 12), sColor::White)) << "red and white";
-    own->release();
-    foreign->release();
 }
 
 TEST_F(RenderTest, WhatIsDrawnIntoATargetStandsUprightAsATexture)
 {
-    Texture* target = new Texture(64, 32, true, nullptr);
+    const Held<Texture> target(new Texture(64, 32, true, nullptr));
     EXPECT_NE(target->getRenderTargetContext(), 0u);
-    mContext->setRenderTarget(target);
+    mContext->setRenderTarget(target.get());
     mContext->clear(sRect(0, 0, 64, 32), sColor::Black);
     mContext->setDrawLevel(1, 0);
     mContext->setViewport(sRect(0, 0, 64, 32));
@@ -218,14 +210,12 @@ TEST_F(RenderTest, WhatIsDrawnIntoATargetStandsUprightAsATexture)
     mContext->setScissorRect(mSystem->getWindowRect());
     mContext->setProjectionRect(mSystem->getWindowRect());
     mContext->clear(sRect(0, 0, 1, 1), Background);
-    addTexturedQuad(target, sRect(100, 200, 164, 232), 64, 32);
-    Texture* plain = new Texture(2, 2, false, Texels);
-    addTexturedQuad(plain, sRect(300, 200, 316, 216), 2, 2);
+    addTexturedQuad(target.get(), sRect(100, 200, 164, 232), 64, 32);
+    const Held<Texture> plain(new Texture(2, 2, false, Texels));
+    addTexturedQuad(plain.get(), sRect(300, 200, 316, 216), 2, 2);
     show();
     expectTexels(100, 200, Texels);
     EXPECT_TRUE(isNear(pixel(163, 231), sColor::Black));
     expectTexels(300, 200, Texels);
     EXPECT_FALSE(target->isDirty());
-    target->release();
-    plain->release();
 }

@@ -3,6 +3,7 @@
 #include "application/systemmanager.h"
 #include "io/stream.h"
 #include "render/rendersystem.h"
+#include "resource/resourcebase.h"
 #include "tests/support/headlesssystems.h"
 
 #include <cstdlib>
