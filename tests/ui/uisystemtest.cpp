@@ -338,9 +338,11 @@ TEST_F(UISystemMenuTest, ShowsTheMainMenuOfTheActiveWindowAcrossTheView)
     EXPECT_EQ(mSystem.getActiveWindow(), window);
     other->setMainMenu(nullptr);
     EXPECT_NE(mSystem.getMenu(), nullptr) << "that of another window is none of its business";
+    window->setMainMenu(new UIMainMenu);
+    EXPECT_EQ(mSystem.getMenu(), nullptr);
+    EXPECT_EQ(mSystem.getMainMenu(), window->getMainMenu());
     window->close();
     mInterface.runFrame();
-    EXPECT_EQ(mSystem.getMenu(), nullptr);
     EXPECT_EQ(mSystem.getMainMenu(), nullptr);
 }
 
