@@ -66,14 +66,6 @@ TEST(PropertyControl, SharesItsPropertyWithItsDuplicates)
     EXPECT_EQ(limited.getMaximum().u64, 0xFFFFFFFCu) << "in the low bytes";
 }
 
-TEST(PropertyControlDeathTest, StopsOnTypesItCannotLimit)
-{
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const PropertyControl::sMaskInfo mask[] = {{"Bit", 1}};
-    EXPECT_DEATH(PropertyControl(makeProperty<float>(), mask, 1), "Invalid property type\\.");
-    EXPECT_DEATH(PropertyControl(makeProperty<sPoint>(), 0, 1), "Invalid property type\\.");
-}
-
 namespace
 {
 // What was called, as text.
@@ -98,18 +90,4 @@ TEST(TriggerControl, CallsItsObjectWithTheArgument)
     TriggerControl<void>("Play", &target, &TestTarget::play).trigger();
     TriggerControl<void>("Play", nullptr).trigger();
     EXPECT_EQ(target.calls, "3 4 play ");
-}
-
-TEST(TriggerControl, NumbersItsArgumentTypes)
-{
-    EXPECT_EQ(TriggerControl<void>("Trigger", nullptr).getArgumentType(), 129u);
-    std::string names;
-    const auto addName = [&]<typename T>()
-    {
-        if constexpr (!std::is_void_v<T>)
-            names += std::string(ValueTraits<T>::name) + " ";
-    };
-    for (unsigned int type = 130; type < 150; ++type)
-        visitType<TriggerTraits>(TriggerTypes{}, type, addName);
-    EXPECT_EQ(names, "bool u8 u16 u32 u64 s8 s16 s32 s64 f32 f64 fixed ");
 }

@@ -100,23 +100,19 @@ TEST(Interpolation, CurvesBetweenHermiteKeys)
 
 TEST(Interpolation, TakesTheSlopeFromTheTypeOfTheNeighbour)
 {
-    const struct
-    {
-        eInterpolateType previous, next;
-        float early, middle, late;
-    } rows[] = {
+    const std::tuple<eInterpolateType, eInterpolateType, float, float, float> rows[] = {
         {Constant, Constant, 92.1875f, 75.0f, 57.8125f},      {Linear, Constant, 106.25f, 87.5f, 62.5f},
         {Hermite, Constant, 95.703125f, 78.125f, 58.984375f}, {Constant, Linear, 90.78125f, 71.25f, 53.59375f},
         {Constant, Hermite, 92.65625f, 76.25f, 59.21875f},    {Linear, Linear, 104.84375f, 83.75f, 58.28125f},
         {Trigger, Trigger, 92.1875f, 75.0f, 57.8125f},
     };
-    for (const auto& row : rows)
+    for (const auto& [previous, next, early, middle, late] : rows)
     {
         const sInterpolateParameter parameter =
-            coefficients<int>({{0, 0, row.previous}, {10, 100, Hermite}, {20, 50, row.next}, {30, 80}}, 1);
-        EXPECT_EQ(Interpolation::evaluate(parameter, Hermite, 0.25f), row.early);
-        EXPECT_EQ(Interpolation::evaluate(parameter, Hermite, 0.5f), row.middle);
-        EXPECT_EQ(Interpolation::evaluate(parameter, Hermite, 0.75f), row.late);
+            coefficients<int>({{0, 0, previous}, {10, 100, Hermite}, {20, 50, next}, {30, 80}}, 1);
+        EXPECT_EQ(Interpolation::evaluate(parameter, Hermite, 0.25f), early);
+        EXPECT_EQ(Interpolation::evaluate(parameter, Hermite, 0.5f), middle);
+        EXPECT_EQ(Interpolation::evaluate(parameter, Hermite, 0.75f), late);
     }
 }
 

@@ -1,5 +1,4 @@
 #include "animation/animresource.h"
-#include "io/documentwriter.h"
 #include "io/stream.h"
 #include "sequencer/sequencebuild.h"
 #include "sequencer/sequencerkey.h"
@@ -206,13 +205,7 @@ TEST_F(SequenceFileTest, SurvivesFlippedBits)
 TEST_F(SequenceFileTest, ThrowsOutWhatDoesNotBelongWhereItStands)
 {
     // One text in the place of another, and the keys that are left in the lanes of each track.
-    const struct
-    {
-        const char* from;
-        const char* to;
-        const char* trace;
-        const char* left;
-    } rows[] = {
+    const char* const rows[][4] = {
         {"", "", "", "T 2 1 U "},
         {R"(list_count="2")", R"(list_count="3")", "Null SequencerTrack detected.\n", "T 2 1 U "},
         {R"("SequencerTrack" id="12")", R"("nobody" id="12")", "Null SequencerTrack detected.\n", "T 2 1 "},
@@ -234,24 +227,24 @@ TEST_F(SequenceFileTest, ThrowsOutWhatDoesNotBelongWhereItStands)
          R"(<key_stride type="u32" count="0" index="0" value="3")", "", "T 2 1 U "},
     };
     const std::string good = makeDocument();
-    for (const auto& row : rows)
+    for (const auto& [from, to, trace, left] : rows)
     {
         std::string text = good;
-        ASSERT_NE(text.find(row.from), std::string::npos) << row.from;
-        text.replace(text.find(row.from), std::strlen(row.from), row.to);
+        ASSERT_NE(text.find(from), std::string::npos) << from;
+        text.replace(text.find(from), std::strlen(from), to);
         SequencerResourceIntermediate sequence;
-        TraceCapture trace;
-        EXPECT_TRUE(loadText(sequence, text)) << row.to;
-        EXPECT_NE(trace.take().find(row.trace), std::string::npos) << row.to;
-        EXPECT_TRUE(sequence.isConsistent()) << row.to;
-        std::string left;
+        TraceCapture traces;
+        EXPECT_TRUE(loadText(sequence, text)) << to;
+        EXPECT_NE(traces.take().find(trace), std::string::npos) << to;
+        EXPECT_TRUE(sequence.isConsistent()) << to;
+        std::string found;
         for (ObjectBase* track : sequence.getTrackList())
         {
-            left += static_cast<SequencerTrack*>(track)->getTrackName().c_str() + std::string(" ");
+            found += static_cast<SequencerTrack*>(track)->getTrackName().c_str() + std::string(" ");
             for (ObjectBase* lane : static_cast<SequencerTrack*>(track)->getLaneList())
-                left += std::to_string(static_cast<SequencerLane*>(lane)->getKeyList().size()) + " ";
+                found += std::to_string(static_cast<SequencerLane*>(lane)->getKeyList().size()) + " ";
         }
-        EXPECT_EQ(left, row.left) << row.to;
+        EXPECT_EQ(found, left) << to;
         const sLaneRecord* lane = sequence.findNativeLane("T", "s32");
         EXPECT_TRUE(!lane || lane->keyStride == (lane->keyNum ? 8 : 0)) << "the table's and not the file's";
     }
@@ -279,24 +272,4 @@ TEST_F(SequenceFileTest, SurvivesDamagedDocuments)
         sequencer.update(sFixed(7.5f));
     }
     EXPECT_GT(taken, 50u);
-}
-
-TEST_F(SequenceFileTest, HoldsASequenceOfTwelveThousandKeys)
-{
-    TestSequence sequence;
-    for (unsigned int i = 0; i < 60; ++i)
-    {
-        const AutoString name = ("Track" + std::to_string(i)).c_str();
-        sequence.addTrack(SequenceProbe::getStaticTypeInfo(), name);
-        for (const char* control : {"s32", "point", "color", "f32", "rect"})
-        {
-            sequence.addProbeLane(control, name.c_str());
-            for (unsigned int frame = 0; frame < 40; ++frame)
-                sequence.addKey(name, control, frame, eInterpolateType::Linear);
-        }
-    }
-    ASSERT_TRUE(DocumentWriter::write(&sequence, false, mText.c_str(), DocumentWriter::ePrevious::Keep));
-    SequencerResourceIntermediate read;
-    ASSERT_TRUE(load<TextFileStream>(read, mText, readBytes(mText)));
-    EXPECT_TRUE(SequenceBuild::isEqual(read, sequence));
 }

@@ -16,8 +16,6 @@ void SequenceProbe::makeControlList(List<ControlBase>& list)
     std::apply([&](auto&... values) { (addValue(values), ...); }, mValues);
 
     list.addLast(new PropertyControl(
-        new IndirectProperty<int>("watched", this, &SequenceProbe::getWatched, &SequenceProbe::setWatched)));
-    list.addLast(new PropertyControl(
         new IndirectResourceProperty("resource", this, &SequenceProbe::getResource, &SequenceProbe::setResource),
         ResourceBase::getStaticTypeInfo()));
 

@@ -20,8 +20,8 @@ struct AsTuple<TypeList<Ts...>>
     using Values = std::tuple<Ts...>;
 };
 
-// Something to be driven: it has a property of each plain type, named after it, one behind a setter, a resource that
-// nobody sets, and triggers of several arguments. What comes in from setter and triggers is counted and noted.
+// Something to be driven: it has a property of each plain type, named after it, a resource that nobody sets, and
+// triggers of several arguments. What the triggers bring is noted.
 class SequenceProbe : public ObjectBase
 {
     REFLECTED(SequenceProbe)
@@ -36,21 +36,12 @@ public:
         return std::get<T>(mValues);
     }
 
-    int getWatched() const { return mWatched; }
-    void setWatched(int value)
-    {
-        mWatched = value;
-        ++mWatchedNum;
-    }
-
     // The triggers fired since the last call, as "name value" words.
     std::string takeFired() { return std::exchange(mFired, ""); }
 
     void makeControlList(List<ControlBase>& list) override;
 
     static inline int sLive = 0;
-
-    unsigned int mWatchedNum = 0;
 
 private:
     ResourceBase* getResource() const { return nullptr; }
@@ -65,7 +56,6 @@ private:
     void noteVoid() { mFired += "void "; }
 
     AsTuple<ValueTypes>::Values mValues{};
-    int mWatched = 0;
     std::string mFired;
 };
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include <array>
 
 namespace
 {
@@ -178,26 +178,22 @@ TEST_F(PlaybackTest, FiresTriggersAheadUntilTheHeadIsThere)
 
 TEST_F(PlaybackTest, HandsTriggersTheArgumentOfTheirType)
 {
-    const struct
-    {
-        const char* name;
-        unsigned char value[8];
-        const char* fired;
-    } rows[] = {{"fire_void", {1}, "void "},
-                {"fire_bool", {1}, "1 "},
-                {"fire_u8", {254}, "254 "},
-                {"fire_s16", {0xFD, 0xFF}, "-3 "},
-                {"fire_s64", {0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF}, "-4294967296 "},
-                {"fire_f64", {0, 0, 0, 0, 0, 0, 0x10, 0xC0}, "-4 "},
-                {"fire_fixed", {0, 0, 7, 0}, "7 "}};
-    for (const auto& row : rows)
+    const std::tuple<const char*, std::array<unsigned char, 8>, const char*> rows[] = {
+        {"fire_void", {1}, "void "},
+        {"fire_bool", {1}, "1 "},
+        {"fire_u8", {254}, "254 "},
+        {"fire_s16", {0xFD, 0xFF}, "-3 "},
+        {"fire_s64", {0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF}, "-4294967296 "},
+        {"fire_f64", {0, 0, 0, 0, 0, 0, 0x10, 0xC0}, "-4 "},
+        {"fire_fixed", {0, 0, 7, 0}, "7 "}};
+    for (const auto& [name, value, fired] : rows)
     {
         TestSequence sequence;
-        sequence.addProbeLane(row.name);
-        sequence.addKey("T", row.name, 0, Trigger);
-        sequence.setKeyParameter("T", row.name, 0, row.value);
+        sequence.addProbeLane(name);
+        sequence.addKey("T", name, 0, Trigger);
+        sequence.setKeyParameter("T", name, 0, value.data());
         TestPlayer sequencer(sequence);
-        EXPECT_EQ(sequencer.getProbe().takeFired(), row.fired) << row.name;
+        EXPECT_EQ(sequencer.getProbe().takeFired(), fired) << name;
     }
 }
 

@@ -64,11 +64,8 @@ TEST(SequenceEdit, ChangesTreeAndRecordsAndMarksOnlyWhatChanges)
 {
     TestSequence sequence;
     TypeInfo* const type = SequenceProbe::getStaticTypeInfo();
-    const struct
-    {
-        std::function<void()> edit;
-        const char* result; // null where nothing changes
-    } rows[] = {
+    // An edit and its result, null where nothing changes.
+    const std::pair<std::function<void()>, const char*> rows[] = {
         {[&] { sequence.addTrack(type, AutoString()); }, nullptr},
         {[&] { sequence.addTrack(type, "U"); }, "T{ } U{ } "},
         {[&] { sequence.addTrack(TypeInfo::find("AnimCell"), "V"); }, "T{ } U{ } V{ } "},
@@ -110,13 +107,13 @@ TEST(SequenceEdit, ChangesTreeAndRecordsAndMarksOnlyWhatChanges)
         {[&] { sequence.setEndFrame(4095); }, nullptr},
         {[&] { sequence.removeTrack("T"); }, ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [edit, result] : rows)
     {
         sequence.clearModify();
         const std::string before = describe(sequence);
-        row.edit();
-        EXPECT_EQ(describe(sequence), row.result ? row.result : before);
-        EXPECT_EQ(sequence.isModified(), row.result != nullptr) << before;
+        edit();
+        EXPECT_EQ(describe(sequence), result ? result : before);
+        EXPECT_EQ(sequence.isModified(), result != nullptr) << before;
         EXPECT_TRUE(sequence.isConsistent()) << before;
     }
     EXPECT_EQ(sequence.getTrackArray(), nullptr);
@@ -129,28 +126,22 @@ TEST(SequenceEdit, ChangesTreeAndRecordsAndMarksOnlyWhatChanges)
 // the record of a marker keeps its frame.
 TEST(SequenceEdit, MovesWithTheAsymmetryOfTheRecords)
 {
-    const struct
-    {
-        unsigned int from, to;
-        const char* keys;
-        const char* keyRecords;
-        const char* markers;
-        const char* markerRecords;
-    } rows[] = {
+    using Row = std::tuple<unsigned int, unsigned int, const char*, const char*, const char*, const char*>;
+    const Row rows[] = {
         {30, 15, "10A 15C 20B ", "10A 15C 20B ", "A@10 C@15 B@20 ", "10A 30C 20B "},
         {10, 25, "20B 25A 30C ", "10A 25A 30C ", "B@20 A@25 C@30 ", "10A 10A 30C "},
         {10, 20, "20B 20A 30C ", "10A 20A 30C ", "B@20 A@20 C@30 ", "10A 10A 30C "},
         {20, 22, "10A 22B 30C ", "10A 22B 30C ", "A@10 B@22 C@30 ", "10A 20B 30C "},
         {20, 10, "10A 10B 30C ", "10A 10B 30C ", "A@10 B@10 C@30 ", "10A 20B 30C "},
     };
-    for (const auto& row : rows)
+    for (const auto& [from, to, keyList, keyRecords, markerList, markerRecords] : rows)
     {
         TestSequence keys;
         keys.addKeys<unsigned char>({{10, 'A'}, {20, 'B'}, {30, 'C'}});
-        keys.moveKey("T", "u8", row.from, row.to);
-        EXPECT_EQ(describe(keys), "T{ u8[ " + std::string(row.keys) + "] } ");
-        EXPECT_EQ(describeRecords(keys), row.keyRecords);
-        EXPECT_EQ(keys.isConsistent(), std::string(row.keys) == row.keyRecords);
+        keys.moveKey("T", "u8", from, to);
+        EXPECT_EQ(describe(keys), "T{ u8[ " + std::string(keyList) + "] } ");
+        EXPECT_EQ(describeRecords(keys), keyRecords);
+        EXPECT_EQ(keys.isConsistent(), std::string(keyList) == keyRecords);
 
         Sequence markers;
         for (const char* name : {"A", "B", "C"})
@@ -158,9 +149,9 @@ TEST(SequenceEdit, MovesWithTheAsymmetryOfTheRecords)
             markers.addMarker(name, (static_cast<unsigned int>(*name) - 'A' + 1) * 10);
             markers.setMarkerCount(name, static_cast<unsigned int>(*name));
         }
-        markers.moveMarker(markers.findMarker(row.from)->getMarkerName(), row.to);
-        EXPECT_EQ(describe(markers), row.markers);
-        EXPECT_EQ(describeRecords(markers), row.markerRecords);
+        markers.moveMarker(markers.findMarker(from)->getMarkerName(), to);
+        EXPECT_EQ(describe(markers), markerList);
+        EXPECT_EQ(describeRecords(markers), markerRecords);
     }
 }
 
