@@ -103,23 +103,24 @@ TEST(UIFormTest, ShowsBarsForWhatDoesNotFit)
 TEST(UIFormTest, ScrollsByMovingTheRegionsOfTheClients)
 {
     TestForm form(Scrolled, {100, 100});
-    UIBase* client = form.make({10, 300}, Row);
+    UIBase* client = form.make({300, 300});
     form.setPosition(sPoint(200, 300));
     form.update(1.0f);
-    form.setScrollBarPosition(sPoint(0, 250));
+    form.setScrollBarPosition(sPoint(250, 250));
     form.update(1.0f);
     form.updateRegion(sRect::Max, sRect::Max);
-    EXPECT_EQ(form.getScrollBarPosition(), sPoint(0, 200)) << "the end of the content stays in view";
-    EXPECT_EQ(client->getAbsRegion(), sRect(200, 100, 286, 400));
-    EXPECT_EQ(client->getDrawRegion(), sRect(200, 300, 286, 400));
-    EXPECT_EQ(form.getClientExistRegion(), sRect(0, 0, 86, 300));
+    EXPECT_EQ(form.getScrollBarPosition(), sPoint(214, 216)) << "the end of the content stays in view";
+    EXPECT_EQ(client->getAbsRegion(), sRect(-14, 86, 286, 386));
+    EXPECT_EQ(client->getDrawRegion(), sRect(200, 300, 286, 386));
+    EXPECT_EQ(form.getClientExistRegion(), sRect(0, 0, 300, 302));
 
-    form.mHolder->sendMessage(UIMouseWheelMessage(sPoint(0, 7)));
-    for (const auto& [height, offset] : {std::pair(300u, -193), {150u, -50}, {100u, 0}})
+    form.mHolder->sendMessage(UIMouseWheelMessage(sPoint(3, 7)));
+    for (const auto& [size, offset] :
+         {std::pair(sSize(300, 300), sPoint(-211, -209)), {sSize(10, 150), sPoint(0, -50)}})
     {
-        client->setSize({10, height});
+        client->setSize(size);
         form.update(1.0f);
-        EXPECT_EQ(form.getClientPosition(), sPoint(0, offset));
+        EXPECT_EQ(form.getClientPosition(), offset);
     }
 }
 

@@ -81,7 +81,7 @@ TEST_F(UIScrollBarTest, StepsByHalfARangeBesideTheThumb)
     EXPECT_EQ(press(20), 100);
     mBar.enable();
     set(mBar, 0, 4, 1, 1);
-    EXPECT_EQ(press(0), 2) << "without a thumb always forward";
+    EXPECT_EQ(send(UIMouseDownMessage(sPoint::Zero, 1)), 2) << "without a thumb always forward";
 }
 
 TEST_F(UIScrollBarTest, DragsTheThumbUntilAnyRelease)
