@@ -15,7 +15,7 @@ constexpr int KeyNum = static_cast<int>(Platform::KeyNum);
 
 recDevice* gFirstDevice = nullptr;
 
-void reportError(const char* message)
+void HIDReportError(const char* message)
 {
     DEV_TRACE("%s\n", message);
 }
@@ -105,9 +105,9 @@ const recElement* step(const recElement* element)
     if (element->type == eHIDElement::Collection && element->firstChild)
         return element->firstChild;
     if (element->firstChild)
-        reportError("Malformed element list: found child of element.");
+        HIDReportError("Malformed element list: found child of element.");
     else if (element->type == eHIDElement::Collection && !element->sibling)
-        reportError("Malformed device: found collection at end of element chain.");
+        HIDReportError("Malformed device: found collection at end of element chain.");
     return skip(element);
 }
 

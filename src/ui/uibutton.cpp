@@ -5,7 +5,7 @@
 
 namespace
 {
-constexpr unsigned int FirstButton = 1;
+constexpr unsigned int FirstButton = UIMouseDownMessage::FirstButton;
 
 constexpr sSize PulldownMinimum{12, 16};
 constexpr sSize SystemSize{14, 14};

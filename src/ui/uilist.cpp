@@ -3,6 +3,7 @@
 #include "foundation/utils.h"
 #include "reflection/objectlist.h"
 #include "reflection/propertylist.h"
+#include "reflection/valuetext.h"
 #include "ui/uiaxis.h"
 #include "ui/uibutton.h"
 #include "ui/uicolor.h"
@@ -135,7 +136,7 @@ void UIList::drawColumn(UIPainter* painter, PropertyBase* property, const sRect&
                         unsigned int row, unsigned int)
 {
     const UIColorScheme& colors = UIPainter::getColors();
-    char buffer[64];
+    char buffer[ValueTextSize];
     painter->drawString(rect, property->getString(buffer, PropertyBase::CurrentElement),
                         row == mSelectRow ? colors.mClientSelectFontColor : colors.mClientFontColor,
                         TextAlignments[alignment]);

@@ -5,11 +5,8 @@
 #include "ui/uipainter.h"
 #include "ui/uisystem.h"
 
-#include <cstring>
-
 namespace
 {
-constexpr int FontWidth = 6;
 constexpr int WidthBesideText = 16;
 }
 
@@ -46,8 +43,7 @@ void UIMainMenu::initialize()
     int x = 0;
     for (Item* item : mItem)
     {
-        const int length = item->getName() ? static_cast<int>(std::strlen(item->getName())) : 0;
-        const int width = length * FontWidth + WidthBesideText;
+        const int width = UIPainter::getTextWidth(item->getName()) + WidthBesideText;
         item->setRegion(sRect(x, 0, x + width, static_cast<int>(getSize().height)));
         x += width;
     }
@@ -103,7 +99,7 @@ void UIMainMenu::eventMouseMove(const sPoint& position)
 
 void UIMainMenu::eventMouseDown(const sPoint& position, unsigned int button)
 {
-    Item* item = button == 1 ? getItemAt(position) : nullptr;
+    Item* item = button == UIMouseDownMessage::FirstButton ? getItemAt(position) : nullptr;
     if (item)
         openSubMenu(item);
 }

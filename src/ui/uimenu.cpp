@@ -9,12 +9,11 @@
 
 namespace
 {
-constexpr int FontWidth = 6;
 constexpr int RowHeight = 14;
 constexpr int TopMargin = 4;
 constexpr int TextLeft = 12;
 constexpr int SideMargin = 8;
-constexpr unsigned int WidthBesideText = 24;
+constexpr int WidthBesideText = 24;
 
 // How far a submenu lies over its parent.
 constexpr int Overlap = 4;
@@ -176,7 +175,7 @@ void UIMenu::eventMouseMove(const sPoint& position)
 // On purpose: the mouse chooses disabled items as well, and a separator ends the menu.
 void UIMenu::eventMouseUp(const sPoint& position, unsigned int button)
 {
-    Item* item = button == 1 ? getItemAt(position) : nullptr;
+    Item* item = button == UIMouseUpMessage::FirstButton ? getItemAt(position) : nullptr;
     if (!item)
         return;
     if (item->getSubMenu())
@@ -235,12 +234,11 @@ UIMenu::Item* UIMenu::stepFrom(Item* item, int direction) const
 
 void UIMenu::resize()
 {
-    std::size_t longest = 0;
+    int widest = 0;
     for (const Item* item : mItem)
-        if (item->getName() && !item->isSeparator())
-            longest = std::max(longest, std::strlen(item->getName()));
-    setSize(
-        {static_cast<unsigned int>(longest) * FontWidth + WidthBesideText, mItem.size() * RowHeight + 2 * TopMargin});
+        if (!item->isSeparator())
+            widest = std::max(widest, UIPainter::getTextWidth(item->getName()));
+    setSize({static_cast<unsigned int>(widest + WidthBesideText), mItem.size() * RowHeight + 2 * TopMargin});
 }
 
 // On purpose: the key does what the item stands for and leaves its mark as it is.

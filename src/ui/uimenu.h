@@ -72,7 +72,8 @@ public:
     // As it is when it opens: nothing selected, no submenu open.
     void initialize();
 
-    // Owns the action and the submenu; either may be null. The menu grows to hold its rows.
+    // Owns the action, which must not delete the menu, and the submenu; either may be null. The menu grows to hold its
+    // rows.
     void addItem(const char* name, FunctorIntermediate<void, void>* functor = nullptr, UIMenu* subMenu = nullptr,
                  eItemAttribute attribute = eItemAttribute::Normal, bool enable = true, bool check = false);
     void addSeparator() { addItem(nullptr, nullptr, nullptr, eItemAttribute::Separator); }

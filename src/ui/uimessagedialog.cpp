@@ -3,11 +3,9 @@
 #include "ui/uicolor.h"
 #include "ui/uipainter.h"
 
-#include <cstring>
-
 namespace
 {
-constexpr unsigned int WidthBesideText = 32;
+constexpr int WidthBesideText = 32;
 constexpr unsigned int Height = 96;
 constexpr int MessageTop = 32;
 constexpr int MessageBottom = 44;
@@ -25,8 +23,7 @@ void UIMessageDialog::eventPaint(UIPainter* painter)
 void UIMessageDialog::initializeMessageDialog(const char* message, eButtons buttons)
 {
     mMessage = message;
-    const unsigned int textWidth = static_cast<unsigned int>(std::strlen(message)) * UIPainter::getFontSize().width;
-    setSize({textWidth + WidthBesideText, Height});
+    setSize({static_cast<unsigned int>(UIPainter::getTextWidth(message) + WidthBesideText), Height});
     moveToCenter();
 
     const int middle = static_cast<int>(getSize().width / 2);

@@ -6,7 +6,8 @@
 class UIMessageDialog : public UIDialog
 {
 public:
-    // The message is not copied and must outlive the box, which is as wide as the message needs, without a limit.
+    // The message is not copied and must outlive the box, which is as wide as the message needs, beyond the screen
+    // as well. At most 254 characters can be painted.
     template <typename T>
     UIMessageDialog(const char* title, const char* message, eButtons buttons, T* object, void (T::*method)(UIDialog*))
         : UIDialog(TitleBar | Movable | Modal, true, false, false, title, buttons, object, method, nullptr)

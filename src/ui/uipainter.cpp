@@ -75,6 +75,11 @@ sSize UIPainter::getFontSize()
     return {FontWidth, FontHeight};
 }
 
+int UIPainter::getTextWidth(const char* text)
+{
+    return text ? static_cast<int>(std::strlen(text)) * FontWidth : 0;
+}
+
 void UIPainter::setPriority(unsigned int priority)
 {
     mPriority = priority;
@@ -194,8 +199,7 @@ void UIPainter::drawGroup(const sRect& rect, const char* caption, sColor color)
     drawConcaveLine({box.left, box.bottom - 1}, {box.right, box.bottom - 1});
     if (caption)
     {
-        const int extent = static_cast<int>(std::strlen(caption)) * FontWidth;
-        label.right = std::min(label.left + extent, rect.right - CaptionIndent);
+        label.right = std::min(label.left + getTextWidth(caption), rect.right - CaptionIndent);
         drawConcaveLine({box.left, box.top}, {label.left - CaptionGap, box.top});
         drawConcaveLine({label.right + CaptionGap, box.top}, {box.right + 1, box.top});
     }

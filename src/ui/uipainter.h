@@ -49,6 +49,9 @@ public:
     // Every character has this size in pixels.
     static sSize getFontSize();
 
+    // The width of a text in pixels; 0 for null.
+    static int getTextWidth(const char* text);
+
     void setPriority(unsigned int priority);
     void increasePriority() { setPriority(mPriority + 1); }
     void decreasePriority() { setPriority(mPriority - 1); }

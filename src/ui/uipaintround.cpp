@@ -7,10 +7,10 @@
 
 namespace
 {
-class PaintJob : public JobSystem::JobBase
+class DrawJob : public JobSystem::JobBase
 {
 public:
-    PaintJob(UIBase* root, unsigned int level) : mpRoot(root), mLevel(level) {}
+    DrawJob(UIBase* root, unsigned int level) : mpRoot(root), mLevel(level) {}
 
     // The data of a thread is its draw context.
     void execute(void* context) override
@@ -46,7 +46,7 @@ bool UIPaintRound::paint(UIBase* root, unsigned int level)
 {
     if (!hasRoom())
         return false;
-    mJobs.add(new PaintJob(root, level));
+    mJobs.add(new DrawJob(root, level));
     return true;
 }
 

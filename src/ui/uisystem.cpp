@@ -21,7 +21,6 @@ REFLECT(UISystem, eTypeAttribute::Singleton, "System");
 namespace
 {
 constexpr unsigned int MainMenuHeight = 16;
-constexpr unsigned int ContextButton = 2;
 
 // The button of a release that no button made.
 constexpr unsigned int ForcedRelease = 255;
@@ -173,10 +172,14 @@ void UISystem::removeWindow(UIWindow* window)
         mWindows.listForRemoval(window);
 }
 
+// What a window leaves behind as it goes waits to come alive, and goes as well.
 void UISystem::removeAllWindow()
 {
-    mWindows.listAllForRemoval();
-    executeRemove();
+    do
+    {
+        mWindows.listAllForRemoval();
+        executeRemove();
+    } while (!getAddWindowList().empty());
 }
 
 // On purpose: a window that is active already hears both messages again.
@@ -293,7 +296,7 @@ void UISystem::executeRemove()
 }
 
 // The window stays listed until it is gone, so that nothing lists it once more. What refers to its elements forgets
-// them as they die; only the focus hears of it.
+// them as they die; only the focus hears of it, and may add windows that this one owns.
 void UISystem::destroyWindow(UIWindow* window)
 {
     window->sendMessage(UIDestroyMessage());
@@ -302,6 +305,7 @@ void UISystem::destroyWindow(UIWindow* window)
         defocus();
     if (window == mActiveWindow)
         setActiveWindow(window->getOwnerWindow());
+    mWindows.disown(window);
     delete window;
 }
 
@@ -431,7 +435,7 @@ void UISystem::press(const sUIHit& hit, const sPoint& position, unsigned int but
             target->sendMessage(UIMouseDownMessage(local, button));
     }
     activateByPress(hit);
-    if (button == ContextButton)
+    if (button == UIMouseDownMessage::SecondButton)
         openContextMenu(position);
     mCapture = mTarget.load();
 }

@@ -75,6 +75,10 @@ void UIWindowStack::retire(UIWindow* window)
     mWindowList.remove(window);
     mAddWindowList.remove(window);
     mModalWindowList.remove(window);
+}
+
+void UIWindowStack::disown(const UIWindow* window)
+{
     for (const ObjectList* list : {&mWindowList, &mAddWindowList, &mRemoveWindowList})
         for (ObjectBase* object : *list)
             if (toWindow(object)->getOwnerWindow() == window)

@@ -29,8 +29,11 @@ public:
     // The listed window that comes next, or null.
     UIWindow* getNextRemoval() const;
 
-    // Takes a listed window out of all other lists; it is the owner of no window any longer.
+    // Takes a listed window out of all other lists.
     void retire(UIWindow* window);
+
+    // No window has that one as its owner any longer.
+    void disown(const UIWindow* window);
 
     // Takes the listed window that came next off the list; it may have been deleted.
     void endRemoval() { mRemoveWindowList.remove(mRemoveWindowList.begin()); }

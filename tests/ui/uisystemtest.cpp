@@ -68,6 +68,16 @@ public:
     void update(float) override { removeChildren(); }
 };
 
+// Opens a window that its own window owns when it loses the focus.
+class Complainer : public UIBase
+{
+public:
+    void eventDefocus() override
+    {
+        UISystem::getInstance()->addWindow(new UIWindow(static_cast<UIWindow*>(getParent())));
+    }
+};
+
 // Counts the dialogs that it hears of.
 class Listener : public UIBase
 {
@@ -396,6 +406,30 @@ TEST_F(UISystemTest, ADeletedWindowOwnsNoOther)
     take();
     mSystem.removeAllWindow();
     EXPECT_EQ(take(), "x.destroy x.gone z.destroy z.gone") << "those which wait, too";
+}
+
+TEST_F(UISystemTest, WhatAWindowOpensAsItGoesOutlivesItUnlessAllGo)
+{
+    const auto focusComplainer = [this](UIWindow* window)
+    {
+        Complainer* complainer = new Complainer;
+        window->add(complainer);
+        mSystem.focus(complainer);
+    };
+    ProbeWindow* window = addWindow("w", {0, 0});
+    settle();
+    focusComplainer(window);
+    window->close();
+    mInterface.runFrame();
+    ASSERT_EQ(mSystem.getAddWindowList().size(), 1u);
+    UIWindow* left = static_cast<UIWindow*>(*mSystem.getAddWindowList().begin());
+    EXPECT_EQ(left->getOwnerWindow(), nullptr);
+
+    mInterface.runFrame();
+    focusComplainer(left);
+    mSystem.removeAllWindow();
+    EXPECT_TRUE(mSystem.getWindowList().empty());
+    EXPECT_TRUE(mSystem.getAddWindowList().empty());
 }
 
 TEST_F(UISystemTest, DeletesASecondToolOnOneResource)
