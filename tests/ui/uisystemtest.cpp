@@ -545,6 +545,7 @@ TEST_P(UISystemThreadsTest, UpdatesAndPaintsMoreWindowsThanThereAreThreads)
 
 TEST_P(UISystemThreadsTest, ElementsMayDieInJobs)
 {
+    Listener::mHeard = 0;
     Listener* listeners[12];
     UIDialog* dialog = nullptr;
     for (Listener*& listener : listeners)
