@@ -1,9 +1,7 @@
 #include "ui/uibase.h"
 
-#include "render/drawcontext.h"
-#include "tests/support/headlesssystems.h"
+#include "tests/support/elements.h"
 #include "tests/support/probe.h"
-#include "ui/uipainter.h"
 
 #include <gtest/gtest.h>
 
@@ -11,18 +9,16 @@ namespace
 {
 using Element = Probe<UIBase>;
 
-// An element that paints its own rectangle in its border colour.
-class Patch : public UIBase
+// An element that paints its own rectangle.
+struct Patch : UIBase
 {
-public:
-    Patch(const sRect& rect, sColor color, unsigned int attribute = 0) : UIBase(attribute)
+    explicit Patch(const sRect& rect, unsigned int attribute = 0) : UIBase(attribute)
     {
         setPosition({rect.left, rect.top});
         setSize({rect.getWidth(), rect.getHeight()});
-        setBorderColor(color);
     }
 
-    void eventPaint(UIPainter* painter) override { painter->drawRect(getOwnRegion(), getBorderColor()); }
+    void eventPaint(UIPainter* painter) override { painter->drawRect(getOwnRegion(), sColor::Red); }
 };
 
 constexpr unsigned int Floating = UIBase::FloatingElement;
@@ -46,7 +42,7 @@ protected:
 
     Patch* addPatch(UIBase& parent, const sRect& rect, unsigned int attribute = 0)
     {
-        Patch* patch = new Patch(rect, sColor::Red, attribute);
+        Patch* patch = new Patch(rect, attribute);
         parent.add(patch);
         return patch;
     }
@@ -94,9 +90,8 @@ TEST_F(UIBaseTest, ChangesOfStateCallTheirHookOnce)
 
 TEST_F(UIBaseTest, RaisesEachAxisToTheMinimumAndCallsNoHookWithinItself)
 {
-    class Restless : public UIBase
+    struct Restless : UIBase
     {
-    public:
         void eventMove() override { setPosition({++mMoveNum, 5}); }
         void eventSize() override { setSize({3, 60}); }
         int mMoveNum = 0;
@@ -144,17 +139,13 @@ TEST_F(UIBaseTest, FindsTheDeepestElementUnderAPoint)
     addPatch(mRoot, {0, 90, 10, 95});
     layOut(mRoot);
 
-    const struct
-    {
-        sPoint point;
-        UIBase* hit;
-    } cases[] = {
+    const std::pair<sPoint, UIBase*> cases[] = {
         {{9, 50}, nullptr},    {{12, 12}, lower},     {{35, 35}, inner},    {{45, 35}, upper},     {{70, 10}, upper},
         {{71, 10}, &mRoot},    {{110, 50}, &mRoot},   {{111, 50}, nullptr}, {{215, 215}, nullptr}, {{0, 0}, nullptr},
         {{12, 102}, floating}, {{12, 170}, floating}, {{200, 20}, nullptr}, {{19, 103}, holder},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(mRoot.intersect(row.point, sRect::Max), row.hit) << row.point.x << ", " << row.point.y;
+    for (const auto& [point, hit] : cases)
+        EXPECT_EQ(mRoot.intersect(point, sRect::Max), hit) << point.x << ", " << point.y;
     EXPECT_EQ(clipped->intersect({0, 0}, sRect(0, 0, 20, 20)), nullptr) << "nothing in common is no point in common";
 
     floating->hide();
@@ -240,30 +231,24 @@ TEST_F(UIBaseTest, DragsFromThePressToTheEndOfTheRelease)
 TEST_F(UIBaseTest, PaintsWhatIsVisibleWithFloatingElementsOneLevelHigher)
 {
     HeadlessSystems systems;
-    Patch root({100, 100, 150, 150}, sColor::White);
+    Patch root({100, 100, 150, 150});
     Patch* inner = addPatch(root, {40, 40, 60, 60});
     Patch* outer = addPatch(root, {60, 0, 70, 10});
     Patch* floating = addPatch(*outer, {0, 0, 10, 40}, Floating);
     addPatch(*floating, {5, 5, 8, 8});
-    layOut(root);
     const auto paint = [&]
     {
         std::string picture;
-        for (const sRecordedDraw& draw : systems.record(
-                 [&](DrawContext& context)
-                 {
-                     UIPainter painter(&context, 8);
-                     root.sendMessage(UIPaintMessage(&painter));
-                 }))
+        for (const sRecordedDraw& draw : runFrame(systems, root))
             picture += std::to_string(draw.command.key & 0xFFFF) + "@" +
                        std::to_string(static_cast<int>(draw.vertices[0].x)) + "/" +
                        std::to_string(draw.command.scissor.getWidth()) + " ";
         return picture;
     };
-    EXPECT_EQ(paint(), "8@100/50 8@140/10 8@165/3 9@160/10 ") << "level, left edge and width of the scissor";
+    EXPECT_EQ(paint(), "0@100/50 0@140/10 0@165/3 1@160/10 ") << "level, left edge and width of the scissor";
     floating->hide();
     inner->hide();
-    EXPECT_EQ(paint(), "8@100/50 ");
+    EXPECT_EQ(paint(), "0@100/50 ");
     floating->show();
     root.hide();
     EXPECT_EQ(paint(), "") << "nor what floats in a hidden one";

@@ -1,13 +1,10 @@
 #include "ui/uibutton.h"
 
 #include "foundation/blockallocator.h"
-#include "tests/support/headlesssystems.h"
+#include "tests/support/elements.h"
 #include "ui/uicolor.h"
-#include "ui/uipainter.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
 
 namespace
 {
@@ -70,15 +67,6 @@ TEST(UIButtonTest, OwnsOneHandlerAndDoesWithoutAny)
     EXPECT_EQ(FunctorBase::getAllocator().getUsedSize(), used);
 }
 
-TEST(UIButtonTest, StartsWithTheSizesOfItsKind)
-{
-    sReceiver receiver;
-    EXPECT_EQ(UISystemButton().getSize(), sSize(14, 14));
-    EXPECT_EQ(UISystemButton().getMinimumSize(), sSize(14, 14));
-    EXPECT_EQ(UIPulldownButton().getMinimumSize(), sSize::Zero);
-    EXPECT_EQ(UIPulldownButton(&receiver, &sReceiver::click).getMinimumSize(), sSize(12, 16));
-}
-
 TEST(UIButtonTest, PaintsItsGlyphOverItsFace)
 {
     HeadlessSystems systems;
@@ -87,13 +75,7 @@ TEST(UIButtonTest, PaintsItsGlyphOverItsFace)
     {
         button.setSize({20, 14});
         std::string corners;
-        for (const sRecordedDraw& draw : systems.record(
-                 [&button](DrawContext& context)
-                 {
-                     UIPainter painter(&context, 1);
-                     painter.setRegion(sRect::Max, sPoint::Zero);
-                     button.eventPaint(&painter);
-                 }))
+        for (const sRecordedDraw& draw : runFrame(systems, button))
             for (const sTexturedDeviceVertex& vertex : draw.vertices)
                 if (vertex.color == UIPainter::getColors().mFontColor)
                     corners += std::to_string(static_cast<int>(vertex.x)) + "," +
@@ -102,18 +84,20 @@ TEST(UIButtonTest, PaintsItsGlyphOverItsFace)
     };
 
     UISpinButton left(eDirection::Left), right(eDirection::Right), up(eDirection::Up), down(eDirection::Down);
-    EXPECT_EQ(paint(left), "3,7 17,3 17,11 ");
-    EXPECT_EQ(paint(right), "17,7 3,3 3,11 ");
-    EXPECT_EQ(paint(up), "10,3 3,11 17,11 ");
-    EXPECT_EQ(paint(down), "10,11 3,3 17,3 ");
     UIPulldownButton pulldown;
-    EXPECT_EQ(paint(pulldown), paint(down));
     UISystemButton maximize, minimize(eButtonType::Minimize), normalize(eButtonType::Normalize),
         close(eButtonType::Close);
-    EXPECT_EQ(paint(maximize), "2,2 17,2 2,3 17,3 2,4 2,11 17,2 17,11 2,11 18,11 ");
-    EXPECT_EQ(paint(minimize), "2,11 18,11 ");
-    EXPECT_EQ(paint(normalize), "2,7 18,7 ");
-    EXPECT_EQ(paint(close), "4,4 17,11 4,10 17,3 ");
+    const std::pair<UIButton*, const char*> glyphs[] = {
+        {&left, "3,7 17,3 17,11 "},       {&right, "17,7 3,3 3,11 "},
+        {&up, "10,3 3,11 17,11 "},        {&down, "10,11 3,3 17,3 "},
+        {&pulldown, "10,11 3,3 17,3 "},   {&maximize, "2,2 17,2 2,3 17,3 2,4 2,11 17,2 17,11 2,11 18,11 "},
+        {&minimize, "2,11 18,11 "},       {&normalize, "2,7 18,7 "},
+        {&close, "4,4 17,11 4,10 17,3 "},
+    };
+    for (const auto& [glyph, corners] : glyphs)
+        EXPECT_EQ(paint(*glyph), corners);
+    EXPECT_EQ(UISystemButton().getMinimumSize(), sSize(14, 14));
+    EXPECT_EQ(UIPulldownButton().getMinimumSize(), sSize::Zero);
 
     UIButton button;
     EXPECT_EQ(paint(button), "");

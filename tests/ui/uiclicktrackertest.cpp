@@ -4,25 +4,20 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 TEST(UIClickTrackerTest, TellsTheSecondPressOfADoubleClick)
 {
     UIBase a;
     UIBase b;
-    const struct
-    {
-        const char* what;
-        UIBase* target;
-        unsigned int button;
-        unsigned int pause;
-        bool second;
-    } presses[] = {
-        {"the first", &a, 1, 0, false},       {"in time", &a, 1, 249, true},       {"the third", &a, 1, 1, false},
-        {"the fourth", &a, 1, 1, true},       {"plain again", &a, 1, 1, false},    {"too late", &a, 1, 250, false},
-        {"another element", &b, 1, 1, false}, {"another button", &b, 2, 1, false}, {"a common button", &b, 3, 1, true},
+    // The target, the button, the milliseconds since the press before, and whether it is a second press.
+    const std::tuple<UIBase*, unsigned int, unsigned int, bool> presses[] = {
+        {&a, 1, 0, false},   {&a, 1, 249, true}, {&a, 1, 1, false}, {&a, 1, 1, true}, {&a, 1, 1, false},
+        {&a, 1, 250, false}, {&b, 1, 1, false},  {&b, 2, 1, false}, {&b, 3, 1, true},
     };
     UIClickTracker tracker;
     // The low half of the milliseconds wraps on the way.
     std::uint64_t now = 0xFFFFFFFFull - 100;
-    for (const auto& row : presses)
-        EXPECT_EQ(tracker.press(row.target, row.button, now += row.pause), row.second) << row.what;
+    for (const auto& [target, button, pause, second] : presses)
+        EXPECT_EQ(tracker.press(target, button, now += pause), second) << button << " after " << pause;
 }

@@ -11,14 +11,14 @@ namespace
 constexpr unsigned int Row = UIBase::RowElement;
 constexpr unsigned int Scrolled = UIForm::ScrollBars | UIForm::FlowLayout;
 
-class TestForm : public UIForm
+struct TestForm : UIForm
 {
-public:
     TestForm(unsigned int attribute, const sSize& size) : UIForm(attribute)
     {
         setSize(size);
         setClientRegion(getOwnRegion());
     }
+
     UIBase* make(const sSize& size, unsigned int attribute = 0)
     {
         UIBase* client = makeElement(size, attribute);
@@ -74,13 +74,13 @@ TEST(UIFormTest, ShowsBarsForWhatDoesNotFit)
     {
         sSize plain;
         unsigned int rowHeight, status, rowWidth;
-        sRect horizontal, vertical, holder;
+        std::vector<sRect> barsAndHolder;
     } cases[] = {
-        {{50, 50}, 50, 0, 100, {}, {}, {2, 20, 102, 120}},
-        {{50, 50}, 51, Down, 86, {}, {88, 20, 100, 120}, {2, 20, 88, 120}},
-        {{110, 50}, 10, Across, 110, {2, 106, 102, 118}, {}, {2, 20, 102, 106}},
-        {{110, 50}, 80, Across | Down, 110, {2, 106, 88, 118}, {88, 20, 100, 106}, {2, 20, 88, 106}},
-        {{90, 50}, 51, Across | Down, 90, {2, 106, 88, 118}, {88, 20, 100, 106}, {2, 20, 88, 106}},
+        {{50, 50}, 50, 0, 100, {{}, {}, {2, 20, 102, 120}}},
+        {{50, 50}, 51, Down, 86, {{}, {88, 20, 100, 120}, {2, 20, 88, 120}}},
+        {{110, 50}, 10, Across, 110, {{2, 106, 102, 118}, {}, {2, 20, 102, 106}}},
+        {{110, 50}, 80, Across | Down, 110, {{2, 106, 88, 118}, {88, 20, 100, 106}, {2, 20, 88, 106}}},
+        {{90, 50}, 51, Across | Down, 90, {{2, 106, 88, 118}, {88, 20, 100, 106}, {2, 20, 88, 106}}},
     };
     for (const auto& row : cases)
     {
@@ -91,7 +91,7 @@ TEST(UIFormTest, ShowsBarsForWhatDoesNotFit)
         form.update(1.0f);
         EXPECT_EQ(form.getFormStatus(), row.status) << row.rowHeight;
         EXPECT_EQ(filling->getSize().width, row.rowWidth);
-        EXPECT_EQ(getRegions(form), (std::vector<sRect>{row.horizontal, row.vertical, row.holder})) << row.rowHeight;
+        EXPECT_EQ(getRegions(form), row.barsAndHolder) << row.rowHeight;
     }
 
     TestForm tiny(Scrolled, {5, 5});

@@ -10,7 +10,7 @@
 
 namespace
 {
-struct sThing : public ObjectBase
+struct sThing : ObjectBase
 {
     void makePropertyList(PropertyList& list) override { list.addReference("number", number); }
 
@@ -18,9 +18,8 @@ struct sThing : public ObjectBase
 };
 
 // Notes which rows are drawn, and where.
-class RecordingList : public UIList
+struct RecordingList : UIList
 {
-public:
     void drawRow(UIPainter* painter, PropertyList* properties, const sRect& rect, unsigned int row) override
     {
         mRows.emplace_back(row, rect.top);
@@ -40,10 +39,10 @@ protected:
     UIListTest()
     {
         mObjects.setContentStability(false);
-        constexpr unsigned int Type = ValueTraits<int>::type;
-        mList.addColumn("number", Type, 60, UIList::eColumnAlignment::Right);
-        mList.addColumn("absent", Type, 300, UIList::eColumnAlignment::Left);
-        mList.addColumn("number", Type, 50, UIList::eColumnAlignment::Left);
+        using enum UIList::eColumnAlignment;
+        for (const auto& [name, width, alignment] :
+             {std::tuple("number", 60u, Right), {"absent", 300u, Left}, {"number", 50u, Left}})
+            mList.addColumn(name, ValueTraits<int>::type, width, alignment);
         mList.setFunction(&mList, &RecordingList::notify);
         mList.setSize({200, 122});
     }

@@ -34,17 +34,17 @@ constexpr UIMenu::sRow<Actions> Rows[] = {
     {"Red", nullptr, eAttribute::Radio, true},
     {"Blue", nullptr, eAttribute::Radio},
 };
-
-sPoint inRow(const UIMenu& menu, int row)
-{
-    return menu.getPosition() + sPoint(TextMargin, 4 + 14 * row + 7);
-}
 }
 
 class UIMenuTest : public testing::Test
 {
 protected:
-    UIMenuTest() { mMenu->addItems(&mActions, Rows); }
+    UIMenuTest()
+    {
+        mMenu->addItems(&mActions, Rows);
+        mInterface.runFrame();
+        mInterface.mSystem->getDesktop()->setMenu(mMenu);
+    }
 
     const char* getSelected() const
     {
@@ -54,32 +54,21 @@ protected:
 
     void sendKey(unsigned int keyCode) { mMenu->sendMessage(UIKeyDownMessage(keyCode, 0)); }
 
-    void openContextMenu(const sPoint& position)
-    {
-        mInterface.runFrame();
-        mInterface.mSystem->getDesktop()->setMenu(mMenu);
-        mInterface.click(position, 2);
-    }
+    void openContextMenu() { mInterface.click(sPoint(100, 100), 2); }
 
     HeadlessInterface mInterface;
     Actions mActions;
-    // The desktop owns it, once it is given to it.
+    // The desktop's.
     UIMenu* mMenu = new UIMenu;
 };
 
-TEST_F(UIMenuTest, IsAsLargeAsItsRows)
+TEST_F(UIMenuTest, HasTheSizeOfItsItemsAndAnswersByTheirNames)
 {
     EXPECT_EQ(mMenu->getSize(), sSize(5 * 6 + 24, 6 * 14 + 8));
-    mMenu->addItem("Ten letters");
-    EXPECT_EQ(mMenu->getSize(), sSize(11 * 6 + 24, 7 * 14 + 8));
-    mInterface.mSystem->getDesktop()->setMenu(mMenu);
-}
-
-TEST_F(UIMenuTest, AnswersByTheNamesOfItsItems)
-{
     UIMenu* subMenu = new UIMenu;
-    mMenu->addItem("More", nullptr, subMenu);
-    EXPECT_EQ(mMenu->findSubMenu("More"), subMenu);
+    mMenu->addItem("Ten letters", nullptr, subMenu);
+    EXPECT_EQ(mMenu->getSize(), sSize(11 * 6 + 24, 7 * 14 + 8));
+    EXPECT_EQ(mMenu->findSubMenu("Ten letters"), subMenu);
     EXPECT_EQ(mMenu->findSubMenu("Open"), nullptr);
 
     mMenu->setItemCheck("Open", true);
@@ -91,18 +80,6 @@ TEST_F(UIMenuTest, AnswersByTheNamesOfItsItems)
     EXPECT_FALSE(mMenu->isItemChecked("None"));
     EXPECT_FALSE(mMenu->isItemEnabled("Close"));
     EXPECT_TRUE(mMenu->isItemEnabled("Open"));
-    mInterface.mSystem->getDesktop()->setMenu(mMenu);
-}
-
-TEST_F(UIMenuTest, OpensWhereThereIsRoomAndIsChosenFromByASecondClick)
-{
-    openContextMenu(sPoint(1020, 760));
-    ASSERT_EQ(mInterface.mSystem->getMenu(), mMenu);
-    EXPECT_EQ(mMenu->getPosition(), sPoint(1020 - 54, 760 - 92)) << "up and to the left of the corner";
-
-    mInterface.click(inRow(*mMenu, 2));
-    EXPECT_EQ(mActions.log, "close ");
-    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
 }
 
 TEST_F(UIMenuTest, MarksByTheMouse)
@@ -122,25 +99,20 @@ TEST_F(UIMenuTest, MarksByTheMouse)
     EXPECT_EQ(mActions.log, "open ") << "the mouse does not ask whether an item is enabled";
     mMenu->sendMessage(UIMouseUpMessage(sPoint(TextMargin, 4), 3));
     EXPECT_EQ(mActions.log, "open ") << "nor chooses with another button";
-    mInterface.mSystem->getDesktop()->setMenu(mMenu);
 }
 
 TEST_F(UIMenuTest, WalksByTheKeysWithoutWrapping)
 {
-    const struct
-    {
-        unsigned int key;
-        const char* selected;
-    } steps[] = {
+    const std::pair<unsigned int, const char*> steps[] = {
         {UIKeyCode::DownArrow, "Open"}, {UIKeyCode::DownArrow, "Close"}, {UIKeyCode::UpArrow, "Open"},
         {UIKeyCode::UpArrow, "Open"},   {UIKeyCode::DownArrow, "Close"}, {UIKeyCode::DownArrow, "Grid"},
         {UIKeyCode::DownArrow, "Red"},  {UIKeyCode::DownArrow, "Blue"},  {UIKeyCode::DownArrow, "Blue"},
         {UIKeyCode::BackSpace, "Blue"},
     };
-    for (const auto& step : steps)
+    for (const auto& [key, selected] : steps)
     {
-        sendKey(step.key);
-        EXPECT_STREQ(getSelected(), step.selected);
+        sendKey(key);
+        EXPECT_STREQ(getSelected(), selected);
     }
     mMenu->initialize();
     sendKey(UIKeyCode::UpArrow);
@@ -149,8 +121,6 @@ TEST_F(UIMenuTest, WalksByTheKeysWithoutWrapping)
     sendKey(UIKeyCode::UpArrow);
     sendKey(UIKeyCode::Return);
     EXPECT_TRUE(mMenu->isItemChecked("Grid")) << "Return leaves the mark";
-    mInterface.mSystem->getDesktop()->setMenu(mMenu);
-
     UIMenu empty;
     empty.sendMessage(UIKeyDownMessage(UIKeyCode::DownArrow, 0));
     EXPECT_EQ(empty.getSelectItem(), nullptr);
@@ -158,19 +128,20 @@ TEST_F(UIMenuTest, WalksByTheKeysWithoutWrapping)
 
 TEST_F(UIMenuTest, ReturnDecidesOnlyOnceAndOnlyWhatIsEnabled)
 {
-    openContextMenu(sPoint(100, 100));
-    mInterface.pressKey(UsageDown);
-    mInterface.pressKey(UsageReturn);
-    EXPECT_EQ(mActions.log, "open ");
-    mInterface.pressKey(UsageReturn);
-    EXPECT_EQ(mActions.log, "open ") << "the closed menu hears no keys";
-
-    mMenu->setItemEnable("Open", false);
-    mInterface.click(sPoint(100, 100), 2);
-    mInterface.pressKey(UsageDown);
-    mInterface.pressKey(UsageReturn);
-    EXPECT_EQ(mActions.log, "open ");
-    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
+    for (const bool enabled : {true, false})
+    {
+        mMenu->setItemEnable("Open", enabled);
+        openContextMenu();
+        for (const unsigned char usage : {UsageDown, UsageReturn, UsageReturn})
+            mInterface.pressKey(usage);
+        EXPECT_EQ(mActions.log, "open ");
+        EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
+    }
+    openContextMenu();
+    ASSERT_EQ(mInterface.mSystem->getMenu(), mMenu);
+    mInterface.mSystem->getDesktop()->setMenu(nullptr);
+    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr) << "it dies while it is open";
+    mInterface.runFrames(2);
 }
 
 TEST_F(UIMenuTest, OpensASubmenuBesideItsRowOnTheSideWithRoom)
@@ -191,24 +162,15 @@ TEST_F(UIMenuTest, OpensASubmenuBesideItsRowOnTheSideWithRoom)
 
     more->setEnable(false);
     EXPECT_EQ(mMenu->getSubMenu(), nullptr);
-    mInterface.mSystem->getDesktop()->setMenu(mMenu);
 }
 
-TEST_F(UIMenuTest, IsForgottenWhenItDiesWhileItIsOpen)
+TEST(UIDesktopTest, OffersItsMenuInOrder)
 {
-    openContextMenu(sPoint(100, 100));
-    mInterface.mSystem->getDesktop()->setMenu(nullptr);
-    EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr);
-    mInterface.runFrames(2);
-}
-
-TEST_F(UIMenuTest, TheDesktopOffersItsMenuInOrder)
-{
+    HeadlessInterface interface;
     std::string names;
-    for (const UIMenu::Item* item : mInterface.mSystem->getDesktop()->getMenu()->getItems())
+    for (const UIMenu::Item* item : interface.mSystem->getDesktop()->getMenu()->getItems())
         names += std::string(item->isSeparator() ? "-" : item->getName()) + (item->isEnabled() ? "|" : "!");
     EXPECT_EQ(names, "SystemManager|ResourceManager|TextureManager|-|Tool|-|Change Wallpaper|");
-    mInterface.mSystem->getDesktop()->setMenu(mMenu);
 }
 
 TEST(UIMainMenuTest, LaysItsEntriesOutAndSwitchesBetweenTheirMenus)

@@ -1,14 +1,11 @@
 #include "ui/uipainter.h"
 
-#include "render/drawcontext.h"
 #include "render/texture.h"
-#include "tests/support/headlesssystems.h"
+#include "tests/support/elements.h"
 #include "tool/toolsystem.h"
 #include "ui/uicolor.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
 
 namespace
 {
@@ -45,20 +42,23 @@ protected:
             });
     }
 
+    // A vertex, relative to the origin.
+    static sPoint getPoint(const sRecordedDraw& draw, std::size_t vertex)
+    {
+        return sPoint(static_cast<int>(draw.vertices[vertex].x), static_cast<int>(draw.vertices[vertex].y)) - Origin;
+    }
+
     // The lines of what is painted, relative to the origin and without the half pixel that the recorder adds.
     Lines paintLines(const Paint& draw)
     {
         Lines lines;
         for (const sRecordedDraw& recorded : paint(draw))
-            for (std::size_t i = 0;
-                 recorded.command.state.getPrimitiveType() == ePrimitiveType::Lines && i < recorded.vertices.size();
-                 i += 2)
-            {
-                const auto& a = recorded.vertices[i];
-                const auto& b = recorded.vertices[i + 1];
-                lines.push_back({static_cast<int>(a.x) - Origin.x, static_cast<int>(a.y) - Origin.y,
-                                 static_cast<int>(b.x) - Origin.x, static_cast<int>(b.y) - Origin.y, a.color});
-            }
+            if (recorded.command.state.getPrimitiveType() == ePrimitiveType::Lines)
+                for (std::size_t i = 0; i < recorded.vertices.size(); i += 2)
+                {
+                    const sPoint a = getPoint(recorded, i), b = getPoint(recorded, i + 1);
+                    lines.push_back({a.x, a.y, b.x, b.y, recorded.vertices[i].color});
+                }
         return lines;
     }
 
@@ -69,10 +69,8 @@ protected:
         for (const sRecordedDraw& draw :
              paint([&](UIPainter& painter) { painter.drawString(rect, text.c_str(), sColor::Red, alignment); }))
         {
-            mPosition = {static_cast<int>(draw.vertices[0].x) - Origin.x,
-                         static_cast<int>(draw.vertices[0].y) - Origin.y};
-            for (std::size_t i = 0; i < draw.vertices.size(); i += 4)
-                shown += static_cast<char>(' ' + draw.vertices[i].s / 6 + draw.vertices[i].t / 12 * 16);
+            mPosition = getPoint(draw, 0);
+            shown += getText(draw);
         }
         return shown;
     }
@@ -83,19 +81,15 @@ protected:
 
 TEST_F(UIPainterTest, AlignsTextInARectangle)
 {
-    // Ten characters fit; the row of each horizontal alignment names where "word" begins and what is left of 20.
-    const struct
-    {
-        int left;
-        const char* cut;
-    } columns[] = {{10, "abcdefghij"}, {28, "fghijklmno"}, {46, "klmnopqrst"}};
+    // Ten characters fit; for each horizontal alignment, where "word" begins and what is left of 20.
+    const std::pair<int, const char*> columns[] = {{10, "abcdefghij"}, {28, "fghijklmno"}, {46, "klmnopqrst"}};
     const int tops[] = {20, 29, 38};
     for (unsigned int i = 0; i < 9; ++i)
     {
         const eAlignment alignment = static_cast<eAlignment>(i);
         EXPECT_EQ(paintString({10, 20, 70, 50}, "word", alignment), "word");
-        EXPECT_EQ(mPosition, sPoint(columns[i / 3].left, tops[i % 3])) << i;
-        EXPECT_EQ(paintString({10, 20, 70, 50}, "abcdefghijklmnopqrst", alignment), columns[i / 3].cut);
+        EXPECT_EQ(mPosition, sPoint(columns[i / 3].first, tops[i % 3])) << i;
+        EXPECT_EQ(paintString({10, 20, 70, 50}, "abcdefghijklmnopqrst", alignment), columns[i / 3].second);
         EXPECT_EQ(mPosition, sPoint(10, tops[i % 3])) << i;
     }
 }

@@ -86,9 +86,9 @@ TEST_F(UIPulldownListTest, PaintsTheItemsInView)
 {
     fill(1000);
     mList.setSelectItem(503);
-    std::vector<sColor> texts;
+    std::string texts;
     for (const sRecordedDraw& draw : runFrame(mSystems, mList))
-        if (draw.command.state.getVertexDecl() == eVertexDecl::Textured)
-            texts.push_back(draw.vertices[0].color);
-    EXPECT_EQ(texts, (std::vector<sColor>{sColor::Black, sColor::Black, sColor::Black, sColor::White}));
+        if (const std::string text = getText(draw); !text.empty())
+            texts += text + (draw.vertices[0].color == sColor::White ? "* " : " ");
+    EXPECT_EQ(texts, "g h i j* ") << "the selected one in white";
 }

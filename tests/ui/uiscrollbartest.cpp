@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 class UIScrollBarTest : public testing::Test
 {
@@ -29,12 +30,7 @@ protected:
 
 TEST_F(UIScrollBarTest, ShowsPositionAndRangeAsAThumb)
 {
-    const struct
-    {
-        int minimum, maximum;
-        unsigned int range;
-        int position, begin, end;
-    } cases[] = {
+    const std::tuple<int, int, unsigned int, int, int, int> cases[] = {
         {0, 200, 50, 0, 12, 37},     {-100, 100, 50, 1, 62, 87},
         {0, 200, 50, 200, 112, 137}, // A position limited by the maximum alone.
         {0, 10000, 10, 0, 12, 16},   // Four pixels at least.
@@ -43,12 +39,12 @@ TEST_F(UIScrollBarTest, ShowsPositionAndRangeAsAThumb)
     };
     UIScrollBar level(UIScrollBar::eBarDirection::Horizontal);
     level.setSize({124, 12});
-    for (const auto& row : cases)
+    for (const auto& [minimum, maximum, range, position, begin, end] : cases)
     {
         for (UIScrollBar* bar : {&mBar, &level})
-            set(*bar, row.minimum, row.maximum, row.range, row.position);
-        EXPECT_EQ(mBar.getBarRegion(), sRect(0, row.begin, row.end ? 12 : 0, row.end)) << row.maximum;
-        EXPECT_EQ(level.getBarRegion(), sRect(row.begin, 0, row.end, row.end ? 12 : 0));
+            set(*bar, minimum, maximum, range, position);
+        EXPECT_EQ(mBar.getBarRegion(), sRect(0, begin, end ? 12 : 0, end)) << maximum;
+        EXPECT_EQ(level.getBarRegion(), sRect(begin, 0, end, end ? 12 : 0));
     }
 }
 

@@ -33,11 +33,7 @@ protected:
         return window;
     }
 
-    void drag(const sPoint& position)
-    {
-        mInterface.movePointer(position);
-        mInterface.runFrame();
-    }
+    void drag(const sPoint& position) { mInterface.movePointer(position), mInterface.runFrame(); }
 
     HeadlessInterface mInterface;
     UISystem& mSystem = *mInterface.mSystem;
@@ -55,7 +51,6 @@ TEST_F(UIWindowTest, IsMovedByItsTitleBarInsideTheViewAlone)
         mInterface.press(place, button);
         drag(place + sPoint(40, 50));
         mInterface.release(button);
-        EXPECT_EQ(window->getWindowStatus(), UIWindow::WindowActive);
         EXPECT_EQ(window->getRelRegion(), sRect(Size) + (moves ? Corner + sPoint(40, 50) : Corner)) << place.x;
         mSystem.removeAllWindow();
     }
@@ -64,8 +59,7 @@ TEST_F(UIWindowTest, IsMovedByItsTitleBarInsideTheViewAlone)
     ViewSystem::getInstance()->setViewport(UIPainter::InterfaceView, {0, 0, 800, 600});
     mInterface.press({150, 110});
     for (const auto& [pointer, position] :
-         {std::pair(sPoint(-30, 400), sPoint(-50, 390)), std::pair(sPoint(800, -900), sPoint(749, -10)),
-          std::pair(sPoint(160, 700), sPoint(110, 589))})
+         {std::pair(sPoint(-30, 400), sPoint(-50, 390)), {{800, -900}, {749, -10}}, {{160, 700}, {110, 589}}})
     {
         drag(pointer);
         EXPECT_EQ(window->getPosition(), position);
@@ -96,8 +90,8 @@ TEST_F(UIWindowTest, ClosesByButtonAndKeyAndDoesNothingAtTheOtherButtons)
     UIWindow* window = addWindow(All, true);
     EXPECT_EQ(window->getClientRegion(), sRect(2, 20, 198, 86));
     EXPECT_EQ(window->findShortcut(131, 3), nullptr);
-    for (const auto& [type, left] : {std::pair(eButtonType::Minimize, 156), std::pair(eButtonType::Maximize, 170),
-                                     std::pair(eButtonType::Close, 184)})
+    for (const auto& [type, left] :
+         {std::pair(eButtonType::Minimize, 156), {eButtonType::Maximize, 170}, {eButtonType::Close, 184}})
     {
         ASSERT_EQ(mSystem.getWindowList().size(), 1u);
         const sPoint middle = Corner + sPoint(left + 7, 10);
