@@ -1,8 +1,8 @@
 #include "render/texture.h"
 #include "tests/support/display.h"
 #include "tests/support/renderfixture.h"
+#include "tests/window/near.h"
 
-#include <cstdlib>
 #include <thread>
 
 namespace
@@ -10,17 +10,6 @@ namespace
 testing::Environment* const display = testing::AddGlobalTestEnvironment(new Display);
 
 constexpr sColor Background(77, 77, 77, 0);
-
-// What a driver may round differently.
-bool isNear(sColor found, sColor wanted)
-{
-    for (int i = 0; i < 3; ++i)
-    {
-        if (std::abs(found[i] - wanted[i]) > 1)
-            return false;
-    }
-    return true;
-}
 
 // Pictures of a real graphics library, read back behind the replay.
 class RenderTest : public RenderFixture
@@ -44,16 +33,21 @@ protected:
     void expectFilled(const sRect& rect, sColor wanted) const
     {
         for (int y = rect.top - 1; y <= rect.bottom; ++y)
-        {
             for (int x = rect.left - 1; x <= rect.right; ++x)
             {
                 const bool inside = x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
                 ASSERT_EQ(isNear(pixel(x, y), wanted), inside) << x << ", " << y;
             }
-        }
     }
 
     void addQuad(const sRect& rect, sColor color) { RenderFixture::addQuad(mContext, rect, color); }
+
+    void setView(const sRect& rect)
+    {
+        mContext->setViewport(rect);
+        mContext->setScissorRect(rect);
+        mContext->setProjectionRect(rect);
+    }
 
     void addTexturedQuad(Texture* texture, const sRect& rect, int width, int height)
     {
@@ -118,12 +112,10 @@ TEST_F(RenderTest, FillsExactlyThePixelsOfItsPrimitives)
     auto* line = static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Lines, 2));
     line[0] = {{40, 10}, sColor::Green};
     line[1] = {{60, 10}, sColor::Green};
-    auto* point = static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Points, 1));
-    *point = {{80, 10}, sColor::Blue};
+    *static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Points, 1)) = {{80, 10}, sColor::Blue};
     auto* triangle = static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Triangles, 3));
-    triangle[0] = {{100, 10}, sColor::White};
-    triangle[1] = {{120, 10}, sColor::White};
-    triangle[2] = {{100, 30}, sColor::White};
+    for (const sPoint& corner : {sPoint(100, 10), sPoint(120, 10), sPoint(100, 30)})
+        *triangle++ = {{corner.x, corner.y}, sColor::White};
     show();
     expectFilled(sRect(10, 10, 20, 30), sColor::Red);
     expectFilled(sRect(40, 10, 60, 11), sColor::Green);
@@ -170,12 +162,7 @@ TEST_F(RenderTest, DrawsTexturesFromAnyThreadUprightAndTinted)
 {
     const Held<Texture> own(new Texture(2, 2, false, Texels));
     Held<Texture> foreign;
-    std::thread(
-        [&]
-        {
-            const std::vector<sColor> pixels(std::begin(Texels), std::end(Texels));
-            foreign.reset(new Texture(2, 2, false, pixels.data()));
-        })
+    std::thread([&] { foreign.reset(new Texture(2, 2, false, std::vector<sColor>(Texels, Texels + 4).data())); })
         .join();
     addTexturedQuad(own.get(), sRect(10, 10, 26, 26), 2, 2);
     addTexturedQuad(foreign.get(), sRect(40, 10, 56, 26), 2, 2);
@@ -198,17 +185,13 @@ TEST_F(RenderTest, WhatIsDrawnIntoATargetStandsUprightAsATexture)
     mContext->setRenderTarget(target.get());
     mContext->clear(sRect(0, 0, 64, 32), sColor::Black);
     mContext->setDrawLevel(1, 0);
-    mContext->setViewport(sRect(0, 0, 64, 32));
-    mContext->setScissorRect(sRect(0, 0, 64, 32));
-    mContext->setProjectionRect(sRect(0, 0, 64, 32));
+    setView(sRect(64, 32));
     for (int i = 0; i < 4; ++i)
         addQuad(sRect(i % 2 * 8, i / 2 * 8, i % 2 * 8 + 8, i / 2 * 8 + 8), Texels[i]);
 
     mContext->setRenderTarget(nullptr);
     mContext->setDrawLevel(2, 0);
-    mContext->setViewport(mSystem->getWindowRect());
-    mContext->setScissorRect(mSystem->getWindowRect());
-    mContext->setProjectionRect(mSystem->getWindowRect());
+    setView(mSystem->getWindowRect());
     mContext->clear(sRect(0, 0, 1, 1), Background);
     addTexturedQuad(target.get(), sRect(100, 200, 164, 232), 64, 32);
     const Held<Texture> plain(new Texture(2, 2, false, Texels));

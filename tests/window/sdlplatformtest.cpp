@@ -102,36 +102,16 @@ TEST_F(SDLPlatformWindowTest, HasAContextAndLeavesTheLocaleAlone)
     EXPECT_FALSE(platform().installTimer([](void*) {}, nullptr));
 }
 
-TEST_F(SDLPlatformWindowTest, TranslatesButtonsMotionAndDragsThatLeaveTheWindow)
+TEST_F(SDLPlatformWindowTest, TranslatesButtonsTheWheelAndDragsThatLeaveTheWindow)
 {
     press({"mousemove 110 120", "mousedown 1", "mousemove 90 500", "mouseup 1"}, 4);
     EXPECT_EQ(describe(), "5@10,20; 1@10,20 button 1; 6@-10,400; 2@-10,400 button 1; ");
-    press({"mousemove 110 120", "click 3", "click 2"}, 4);
-    EXPECT_EQ(describe(), "5@10,20; 1@10,20 button 2; 2@10,20 button 2; 1@10,20 button 3; 2@10,20 button 3; ");
-}
-
-TEST_F(SDLPlatformWindowTest, EachTurnOfTheWheelIsAnEventForEachAxis)
-{
-    press({"mousemove 110 120"}, 1);
-    press({"click 4", "click 5"}, 4);
-    EXPECT_EQ(describe(), "10@10,20 axis 0 by 0; 10@10,20 axis 1 by 1; "
-                          "10@10,20 axis 0 by 0; 10@10,20 axis 1 by -1; ");
-}
-
-TEST_F(SDLPlatformWindowTest, KeysAreDownByTheirUsageWhileTheWindowIsFocused)
-{
-    constexpr unsigned int UsageA = 4;
-    const auto isDown = []
-    {
-        return platform().getKeyboardState()[UsageA] == 1;
-    };
-    WindowManager(getTitle()).focus();
-    press({"mousemove 110 120", "keydown a"}, 1);
-    pump(isDown);
-    EXPECT_TRUE(isDown());
-    press({"keyup a"}, 0);
-    pump([&] { return !isDown(); });
-    EXPECT_FALSE(isDown());
+    press({"mousemove 110 120", "click 4", "click 5"}, 5);
+    EXPECT_EQ(describe(), "5@10,20; 10@10,20 axis 0 by 0; 10@10,20 axis 1 by 1; "
+                          "10@10,20 axis 0 by 0; 10@10,20 axis 1 by -1; ")
+        << "each turn is an event for each axis";
+    press({"click 3", "click 2"}, 4);
+    EXPECT_EQ(describe(), "1@10,20 button 2; 2@10,20 button 2; 1@10,20 button 3; 2@10,20 button 3; ");
 }
 
 TEST_F(SDLPlatformWindowTest, TheCloseBoxAsksTheQuitHandler)

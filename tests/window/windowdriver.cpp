@@ -19,13 +19,7 @@ constexpr std::uint64_t PatienceNanoseconds = 5000 * NanosecondsInMillisecond;
 // A press is to be seen by a frame, and its release by a later one.
 constexpr unsigned int SettleFrames = 3;
 
-struct sKeyRow
-{
-    KeyboardSystem::eKeyCode key;
-    const char* name;
-};
-
-constexpr sKeyRow KeyTable[] = {
+constexpr std::pair<KeyboardSystem::eKeyCode, const char*> KeyTable[] = {
     {KeyboardSystem::KeyA, "a"},        {KeyboardSystem::Return, "Return"},  {KeyboardSystem::Escape, "Escape"},
     {WindowDriver::F4, "F4"},           {KeyboardSystem::DownArrow, "Down"}, {KeyboardSystem::UpArrow, "Up"},
     {KeyboardSystem::LeftAlt, "Alt_L"},
@@ -48,10 +42,7 @@ const Application::sInitializer& getInitializer()
 
 std::string getName(KeyboardSystem::eKeyCode key)
 {
-    for (const sKeyRow& row : KeyTable)
-        if (row.key == key)
-            return row.name;
-    return std::string();
+    return std::ranges::find(KeyTable, key, &std::pair<KeyboardSystem::eKeyCode, const char*>::first)->second;
 }
 
 // The server counts the middle button as the second.
@@ -124,31 +115,24 @@ void WindowDriver::turnWheel(int notches)
     runFrames(2);
 }
 
-void WindowDriver::pressKey(eKeyCode key)
+void WindowDriver::setKey(eKeyCode key, bool down)
 {
-    callTool("keydown " + getName(key));
-    waitFor("key", [&] { return getWindowHandle()->getKeyboardState()[key] != 0; });
-    runFrames(SettleFrames);
-}
-
-void WindowDriver::releaseKey(eKeyCode key)
-{
-    callTool("keyup " + getName(key));
-    waitFor("end of key", [&] { return getWindowHandle()->getKeyboardState()[key] == 0; });
+    callTool((down ? "keydown " : "keyup ") + getName(key));
+    waitFor("key", [&] { return (getWindowHandle()->getKeyboardState()[key] != 0) == down; });
     runFrames(SettleFrames);
 }
 
 void WindowDriver::strike(eKeyCode key)
 {
-    pressKey(key);
-    releaseKey(key);
+    setKey(key, true);
+    setKey(key, false);
 }
 
 void WindowDriver::strikeClose()
 {
-    pressKey(KeyboardSystem::LeftAlt);
+    setKey(KeyboardSystem::LeftAlt, true);
     strike(F4);
-    releaseKey(KeyboardSystem::LeftAlt);
+    setKey(KeyboardSystem::LeftAlt, false);
 }
 
 std::vector<sColor> WindowDriver::read(const sRect& rect) const

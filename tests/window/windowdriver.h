@@ -39,8 +39,7 @@ public:
     // Upwards, or downwards by a negative number.
     void turnWheel(int notches);
 
-    void pressKey(eKeyCode key);
-    void releaseKey(eKeyCode key);
+    void setKey(eKeyCode key, bool down);
     void strike(eKeyCode key);
 
     // Alt and F4.

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "foundation/scolor.h"
+
+#include <cstdlib>
+
+// What a driver may round differently; an alpha is not looked at.
+inline bool isNear(sColor found, sColor wanted)
+{
+    for (int i = 0; i < 3; ++i)
+        if (std::abs(found[i] - wanted[i]) > 1)
+            return false;
+    return true;
+}
