@@ -1,0 +1,333 @@
+#include "tests/support/monkey.h"
+
+#include "application/exhibitwindow.h"
+#include "application/gallery.h"
+#include "ui/uidesktop.h"
+#include "ui/uimainmenu.h"
+#include "ui/uimenuchain.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+#include <string_view>
+
+namespace
+{
+constexpr sRect Screen(1024u, 768u);
+constexpr unsigned int MinimumWindowNum = 5;
+constexpr unsigned int MaximumWindowNum = 20;
+constexpr unsigned int FrameMilliseconds = 16;
+constexpr unsigned int LongMilliseconds = 400;
+
+// Between a press and its release; what is shorter is a click.
+constexpr int DragDistance = 4;
+
+// What elements listen to, by usage: Return, Escape, Space, the arrows, a letter, F4, and the modifiers.
+constexpr unsigned char KeyTable[] = {40, 40, 41, 44, 79, 80, 81, 82, 4, 61, 224, 225, 226};
+
+// What the report of a window counts as.
+struct sReportRow
+{
+    std::string_view title;
+    unsigned int Monkey::sTally::*count;
+};
+
+constexpr sReportRow ReportTable[] = {
+    {"Buttons", &Monkey::sTally::buttonsClicked},     {"Menus", &Monkey::sTally::menusChosen},
+    {"Events", &Monkey::sTally::menusChosen},         {"Questions", &Monkey::sTally::dialogsAnswered},
+    {"Pulldown lists", &Monkey::sTally::listsChosen},
+};
+
+// Whether an element is the menu, or one of those that it can open; a menu and the bar of menus are alike in this.
+template <typename Menu>
+bool isInMenu(const Menu* menu, const UIBase* element)
+{
+    if (!menu || menu == element)
+        return menu != nullptr;
+    for (const auto* item : menu->getItems())
+        if (isInMenu(item->getSubMenu(), element))
+            return true;
+    return false;
+}
+
+// Whether an element lies in a tree, or belongs to a menu of one that does.
+bool isInTree(const UIBase* root, const UIBase* element)
+{
+    if (root == element || isInMenu(root->getMenu(), element))
+        return true;
+    for (UIBase::iterator child = root->getChildrenBegin(); child != root->getChildrenEnd(); ++child)
+        if (isInTree(*child, element))
+            return true;
+    return false;
+}
+}
+
+const Monkey::sEventRow Monkey::EventTable[] = {
+    {16, &Monkey::moveToElement},    {6, &Monkey::moveToMenu},    {5, &Monkey::moveAnywhere}, {12, &Monkey::moveAside},
+    {30, &Monkey::pressOrRelease},   {14, &Monkey::clickElement}, {8, &Monkey::clickMenu},    {3, &Monkey::turnWheel},
+    {8, &Monkey::pressOrReleaseKey}, {3, &Monkey::openWindow},    {1, &Monkey::closeWindow},  {2, &Monkey::waitLong},
+};
+
+Monkey::Monkey(HeadlessInterface& interface, unsigned int seed)
+    : mInterface(interface), mSystem(*interface.mSystem), mRandom(seed), mSeed(seed)
+{
+    Gallery::openAll();
+    runFrame();
+}
+
+bool Monkey::run(unsigned int eventNum)
+{
+    for (unsigned int i = 0; i < eventNum; ++i)
+    {
+        doSomething();
+        if (choose(3))
+            runFrame();
+        const char* fault = findFault();
+        if (!fault)
+            continue;
+        std::fprintf(stderr, "Monkey of seed %u, event %u: %s.\n", mSeed, i, fault);
+        return false;
+    }
+    return true;
+}
+
+void Monkey::print() const
+{
+    std::printf("Monkey of seed %u: %u frames, %u windows opened and %u closed, %u clicks, %u menus chosen, "
+                "%u dialogs answered, %u choices of lists, %u drags ended, %u keys\n",
+                mSeed, mTally.frames, mTally.windowsOpened, mTally.windowsClosed, mTally.buttonsClicked,
+                mTally.menusChosen, mTally.dialogsAnswered, mTally.listsChosen, mTally.dragsEnded, mTally.keysPressed);
+}
+
+void Monkey::doSomething()
+{
+    unsigned int sum = 0;
+    for (const sEventRow& row : EventTable)
+        sum += row.weight;
+    unsigned int place = mRandom() % sum;
+    for (const sEventRow& row : EventTable)
+    {
+        if (place < row.weight)
+            return (this->*row.event)();
+        place -= row.weight;
+    }
+}
+
+void Monkey::moveToElement()
+{
+    moveTo(choosePoint(chooseElement()->getDrawRegion()));
+}
+
+void Monkey::moveToMenu()
+{
+    const UIBase* menu = UIMenuChain(mSystem.getMenu()).getDeepest();
+    if (!menu)
+        menu = mSystem.getMainMenu();
+    if (menu)
+        moveTo(choosePoint(menu->getAbsRegion()));
+    else
+        moveToElement();
+}
+
+void Monkey::moveAnywhere()
+{
+    moveTo(choosePoint(Screen));
+}
+
+void Monkey::moveAside()
+{
+    moveTo(mPointer + sPoint(choose(41) - 20, choose(41) - 20));
+}
+
+void Monkey::pressOrRelease()
+{
+    const unsigned int button = choose(4) ? 1 : choose(3) ? 2 : 4;
+    if (mButtons == 0 || choose(8) == 0)
+    {
+        if (mButtons == 0)
+            mPressPlace = mPointer;
+        mInterface.setButton(button, true);
+        mButtons |= button;
+        return;
+    }
+    const bool held = mSystem.getCapture() != nullptr;
+    releaseAll();
+    runFrame();
+    const sPoint way = mPointer - mPressPlace;
+    if (held && !mSystem.getCapture() && std::abs(way.x) + std::abs(way.y) >= DragDistance)
+        ++mTally.dragsEnded;
+}
+
+void Monkey::clickElement()
+{
+    moveToElement();
+    click(1);
+}
+
+void Monkey::clickMenu()
+{
+    moveToMenu();
+    click(1);
+}
+
+void Monkey::openMenu()
+{
+    const UIBase* element = chooseElement();
+    for (int tries = 0; tries < 50 && !element->getMenu(); ++tries)
+        element = chooseElement();
+    moveTo(choosePoint(element->getDrawRegion()));
+    click(2);
+}
+
+void Monkey::turnWheel()
+{
+    mInterface.turnWheel(choose(21) - 10);
+}
+
+void Monkey::pressOrReleaseKey()
+{
+    const unsigned char key = KeyTable[choose(std::size(KeyTable))];
+    const bool down = mKeys.insert(key).second;
+    if (!down)
+        mKeys.erase(key);
+    mInterface.setKey(key, down);
+    mTally.keysPressed += down;
+}
+
+// Few windows are no crowd to fight with.
+void Monkey::openWindow()
+{
+    const std::span<const sExhibit> exhibits = Gallery::getExhibits();
+    if (mSystem.getWindowList().size() < MinimumWindowNum)
+        Gallery::openAll();
+    else if (mSystem.getWindowList().size() < MaximumWindowNum)
+        Gallery::open(exhibits[mRandom() % exhibits.size()]);
+}
+
+void Monkey::closeWindow()
+{
+    if (choose(100) == 0)
+        mSystem.removeAllWindow();
+    else if (!mSystem.getWindowList().empty())
+        mSystem.removeWindow(getWindow(mRandom() % mSystem.getWindowList().size()));
+}
+
+void Monkey::waitLong()
+{
+    mInterface.wait(LongMilliseconds);
+}
+
+sPoint Monkey::choosePoint(const sRect& rect)
+{
+    return sPoint(rect.left + choose(static_cast<int>(rect.getWidth()) + 1),
+                  rect.top + choose(static_cast<int>(rect.getHeight()) + 1));
+}
+
+// The desktop, or any depth of the window on top or of another.
+UIBase* Monkey::chooseElement()
+{
+    const unsigned int windowNum = mSystem.getWindowList().size();
+    if (windowNum == 0 || choose(40) == 0)
+        return mSystem.getDesktop();
+    UIBase* element = getWindow(choose(getWindow(0)->isModalWindow() ? 8 : 2) ? 0 : mRandom() % windowNum);
+    while (element->getChildCount() && choose(8))
+        element = *(element->getChildrenBegin() + choose(static_cast<int>(element->getChildCount())));
+    return element;
+}
+
+UIWindow* Monkey::getWindow(unsigned int index) const
+{
+    return static_cast<UIWindow*>(mSystem.getWindowList()[index]);
+}
+
+void Monkey::moveTo(const sPoint& position)
+{
+    mPointer = position;
+    mInterface.movePointer(position);
+}
+
+// With that button, and no other.
+void Monkey::click(unsigned int button)
+{
+    releaseAll();
+    runFrame();
+    mInterface.setButton(button, true);
+    runFrame();
+    mInterface.setButton(button, false);
+    runFrame();
+}
+
+void Monkey::releaseAll()
+{
+    for (unsigned int button : {1u, 2u, 4u})
+        if (mButtons & button)
+            mInterface.setButton(button, false);
+    mButtons = 0;
+}
+
+void Monkey::runFrame()
+{
+    mInterface.wait(FrameMilliseconds);
+    mInterface.runFrame();
+    ++mTally.frames;
+    countWindows();
+    readReports();
+}
+
+void Monkey::countWindows()
+{
+    std::set<const UIWindow*> alive;
+    for (ObjectBase* window : mSystem.getWindowList())
+        alive.insert(static_cast<UIWindow*>(window));
+    for (const UIWindow* window : alive)
+        mTally.windowsOpened += !mAlive.contains(window);
+    for (const UIWindow* window : mAlive)
+        mTally.windowsClosed += !alive.contains(window);
+    mAlive.swap(alive);
+}
+
+// Takes the reports back, so that each counts once. All that is modal are dialogs, all else are exhibits.
+void Monkey::readReports()
+{
+    for (unsigned int i = 0; i < mSystem.getWindowList().size(); ++i)
+    {
+        UIWindow* window = getWindow(i);
+        if (window->isModalWindow() || !window->getTitle())
+            continue;
+        ExhibitWindow* exhibit = static_cast<ExhibitWindow*>(window);
+        for (const sReportRow& row : ReportTable)
+            if (exhibit->getTitle() == row.title.data() && exhibit->getReport())
+                ++(mTally.*row.count);
+        exhibit->report(AutoString());
+    }
+}
+
+// Null if all is well.
+const char* Monkey::findFault() const
+{
+    if (!isAlive(mSystem.getFocus()))
+        return "the focus is gone";
+    if (!isAlive(mSystem.getCapture()))
+        return "what holds the mouse is gone";
+    if (!isAlive(mSystem.getMenu()))
+        return "the open menu is gone";
+    if (!isAlive(mSystem.getActiveWindow()))
+        return "the active window is gone";
+    if (!isAlive(mSystem.getMainMenu()))
+        return "the bar of menus is gone";
+    return nullptr;
+}
+
+// Looks through all that is there, without a look at the element.
+bool Monkey::isAlive(const UIBase* element) const
+{
+    if (!element || isInTree(mSystem.getDesktop(), element))
+        return true;
+    for (unsigned int i = 0; i < mSystem.getWindowList().size(); ++i)
+    {
+        const UIWindow* window = getWindow(i);
+        if (isInTree(window, element) || isInMenu(window->getMainMenu(), element))
+            return true;
+    }
+    return false;
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "tests/support/headlessinterface.h"
+
+#include <random>
+#include <set>
+#include <vector>
+
+class UIWindow;
+
+// Does to the gallery what nobody would: moves, buttons, the wheel, keys, windows that come and go, in an order that a
+// seed decides. It has no aim but to get everywhere, and watches that the interface refers to nothing that is gone.
+class Monkey
+{
+public:
+    struct sTally
+    {
+        unsigned int frames = 0;
+        unsigned int windowsOpened = 0;
+        unsigned int windowsClosed = 0;
+        unsigned int buttonsClicked = 0;
+        unsigned int menusChosen = 0;
+        unsigned int dialogsAnswered = 0;
+        unsigned int listsChosen = 0;
+        unsigned int dragsEnded = 0;
+        unsigned int keysPressed = 0;
+    };
+
+    // Opens the gallery.
+    Monkey(HeadlessInterface& interface, unsigned int seed);
+
+    // False, and a line that says what and when, as soon as something refers to what is not there.
+    [[nodiscard]] bool run(unsigned int eventNum);
+
+    const sTally& getTally() const { return mTally; }
+    void print() const;
+
+private:
+    struct sEventRow
+    {
+        unsigned int weight;
+        void (Monkey::*event)();
+    };
+
+    static const sEventRow EventTable[];
+
+    void doSomething();
+    void moveToElement();
+    void moveToMenu();
+    void moveAnywhere();
+    void moveAside();
+    void pressOrRelease();
+    void clickElement();
+    void clickMenu();
+    void openMenu();
+    void turnWheel();
+    void pressOrReleaseKey();
+    void openWindow();
+    void closeWindow();
+    void waitLong();
+
+    // Below `end`, which is above 0.
+    int choose(int end) { return static_cast<int>(mRandom() % static_cast<unsigned int>(end)); }
+    sPoint choosePoint(const sRect& rect);
+    UIBase* chooseElement();
+    UIWindow* getWindow(unsigned int index) const;
+    void moveTo(const sPoint& position);
+    void click(unsigned int button);
+    void releaseAll();
+    void runFrame();
+    void countWindows();
+    void readReports();
+    const char* findFault() const;
+    bool isAlive(const UIBase* element) const;
+
+    HeadlessInterface& mInterface;
+    UISystem& mSystem;
+    std::mt19937 mRandom;
+    unsigned int mSeed;
+    sTally mTally;
+    std::set<const UIWindow*> mAlive;
+    sPoint mPointer = sPoint::Zero;
+    sPoint mPressPlace = sPoint::Zero;
+    unsigned int mButtons = 0;
+    std::set<unsigned char> mKeys;
+};
