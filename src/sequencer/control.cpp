@@ -1,21 +1,17 @@
 #include "sequencer/control.h"
 
+#include "reflection/typeset.h"
+
 #include <algorithm>
 #include <limits>
 
 namespace
 {
-// Types of properties as a set of bits.
-constexpr unsigned int types(unsigned int first, unsigned int last)
-{
-    return (2u << last) - (1u << first);
-}
-
-constexpr unsigned int AnyType = types(1, 22);
-constexpr unsigned int IntegerTypes = types(1, 9);
-constexpr unsigned int NumberTypes = types(1, 11) | types(18, 18);
-constexpr unsigned int FixedType = types(18, 18);
-constexpr unsigned int ObjectTypes = types(21, 22);
+constexpr unsigned int AnyType = typeRange(1, 22);
+constexpr unsigned int IntegerTypes = typeRange(1, 9);
+constexpr unsigned int NumberTypes = typeRange(1, 11) | typeRange(18, 18);
+constexpr unsigned int FixedType = typeRange(18, 18);
+constexpr unsigned int ObjectTypes = typeRange(21, 22);
 
 struct sLimits
 {
@@ -67,7 +63,7 @@ PropertyControl::PropertyControl(PropertyBase* property, unsigned int acceptedTy
 {
     if (!property)
         return;
-    if (property->getType() >= 32 || !(acceptedTypes >> property->getType() & 1))
+    if (!containsType(acceptedTypes, property->getType()))
         dev_assert("Invalid property type.", __FILE__, __LINE__);
     property->addRef();
 }

@@ -2,9 +2,10 @@
 
 #include "foundation/functor.h"
 #include "foundation/utils.h"
+#include "reflection/numeric.h"
 #include "reflection/property.h"
+#include "reflection/valuelabel.h"
 
-#include <cstring>
 #include <memory>
 
 class TypeInfo;
@@ -44,55 +45,13 @@ private:
     eControlType mType;
 };
 
-// A limit in the form of the type that it limits; the bytes beyond that type are zero.
-union uNumeric
-{
-    constexpr uNumeric() : u64(0) {}
-
-    template <typename T>
-    explicit uNumeric(T value) : u64(0)
-    {
-        static_assert(sizeof(T) <= sizeof(u64));
-        std::memcpy(this, &value, sizeof(T));
-    }
-
-    template <typename T>
-    T get() const
-    {
-        T value;
-        std::memcpy(static_cast<void*>(&value), this, sizeof(T));
-        return value;
-    }
-
-    unsigned char u8;
-    unsigned short u16;
-    unsigned int u32;
-    unsigned long long u64;
-    signed char s8;
-    short s16;
-    int s32;
-    long long s64;
-    float f32;
-    double f64;
-    sFixed fixed;
-};
-
 // A property that may be set, shared with whoever else refers to it. Each form of construction accepts certain types
 // of properties and asserts "Invalid property type." on others.
 class PropertyControl : public ControlBase
 {
 public:
-    struct sMaskInfo
-    {
-        const char* name;
-        unsigned int mask;
-    };
-
-    struct sEnumInfo
-    {
-        const char* name;
-        unsigned int value;
-    };
+    using sMaskInfo = ::sMaskInfo;
+    using sEnumInfo = ::sEnumInfo;
 
     // Any type; the limits are those of the type, as far as lanes know any. A null property gives a nameless control.
     explicit PropertyControl(PropertyBase* property);
