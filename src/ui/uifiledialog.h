@@ -67,6 +67,9 @@ public:
     AutoString getResourcePath() const;
     AutoString getExtension() const;
 
+    // Whether the user was asked about a file that exists and said yes.
+    bool isOverwriteConfirmed() const { return mOverwriteConfirmed; }
+
     // The picked file as a resource of the class that its extension stands for, with a reference for the caller. Null
     // when nothing was picked; null with a trace for a name that no document can hold, for a file that cannot be
     // loaded, and for a picture without a texture.
@@ -106,4 +109,7 @@ private:
     unsigned int mFilterIndex = 0;
     std::vector<FilterInfo> mFilterList;
     bool mOverwriteWarning;
+
+    // Set by notifyOverwriteWarning().
+    bool mOverwriteConfirmed = false;
 };
