@@ -4,7 +4,6 @@
 #include "animation/animresource.h"
 #include "animation/animsequencer.h"
 #include "foundation/smatrix.h"
-#include "foundation/srect.h"
 #include "resource/textureresource.h"
 #include "ui/uipainter.h"
 
@@ -24,17 +23,6 @@ void bindTexture(UIPainter& painter, Texture* texture)
     painter.setTexture(texture);
     painter.setBlendMode(UIPainter::eBlendMode::Alpha);
     painter.setTextureFiltering(UIPainter::eTextureFiltering::Nearest);
-}
-
-// Sizes may be anything up to 2^32, so the edges wrap like unsigned numbers.
-sRect getCellRect(const AnimCell& cell)
-{
-    const sPoint& position = cell.getPosition();
-    const sSize& size = cell.getSize();
-    const unsigned int left = static_cast<unsigned int>(position.x) - size.width / 2;
-    const unsigned int top = static_cast<unsigned int>(position.y) - size.height / 2;
-    return sRect(static_cast<int>(left), static_cast<int>(top), static_cast<int>(left + size.width),
-                 static_cast<int>(top + size.height));
 }
 
 sPoint transform(const sMatrix& world, int x, int y)
@@ -95,4 +83,20 @@ void drawAnimation(UIPainter& painter, const AnimSequencer& animation, const sMa
                 bindTexture(painter, texture);
         }
     }
+}
+
+sRect getCellRect(const AnimCell& cell)
+{
+    const sPoint& position = cell.getPosition();
+    const sSize& size = cell.getSize();
+    const unsigned int left = static_cast<unsigned int>(position.x) - size.width / 2;
+    const unsigned int top = static_cast<unsigned int>(position.y) - size.height / 2;
+    return sRect(static_cast<int>(left), static_cast<int>(top), static_cast<int>(left + size.width),
+                 static_cast<int>(top + size.height));
+}
+
+void drawCross(UIPainter& painter, const sPoint& centre, int size, sColor color)
+{
+    painter.drawLine(centre - sPoint(size, 0), centre + sPoint(size, 0), color);
+    painter.drawLine(centre - sPoint(0, size), centre + sPoint(0, size), color);
 }

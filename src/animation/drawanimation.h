@@ -1,5 +1,8 @@
 #pragma once
 
+#include "foundation/srect.h"
+
+class AnimCell;
 class AnimSequencer;
 class UIPainter;
 class sColor;
@@ -12,3 +15,9 @@ constexpr int AnimationOrigin = 512;
 // and `color` are those of whatever the animation stands in. Nothing is drawn without a resource, and no cell
 // without a texture.
 void drawAnimation(UIPainter& painter, const AnimSequencer& animation, const sMatrix& matrix, sColor color);
+
+// Where a cell lies, from the origin of its animation and without its flips. Edges wrap for sizes that no picture has.
+sRect getCellRect(const AnimCell& cell);
+
+// Two lines of `size` pixels to each side of a point.
+void drawCross(UIPainter& painter, const sPoint& centre, int size, sColor color);

@@ -1,0 +1,80 @@
+#include "animation/animcanvas.h"
+
+#include "animation/animtool.h"
+#include "ui/uiform.h"
+#include "ui/uikeycode.h"
+#include "ui/uipainter.h"
+
+namespace
+{
+constexpr unsigned int Space = ' ';
+}
+
+AnimCanvas::AnimCanvas(const AnimTool* tool, UIForm* form, unsigned int flags, unsigned int scrollDrag)
+    : mTool(tool), mForm(form), mFlags(flags), mScrollDrag(scrollDrag)
+{
+}
+
+void AnimCanvas::eventKeyDown(unsigned int keyCode, unsigned int combinationKey)
+{
+    if (keyCode == Space && combinationKey == 0)
+        mFlags |= SpaceDown;
+    else
+        delegate();
+}
+
+void AnimCanvas::eventKeyUp(unsigned int keyCode, unsigned int)
+{
+    if (keyCode == Space)
+        mFlags &= ~SpaceDown;
+    else
+        delegate();
+}
+
+// The release of the key goes to whoever has the focus then.
+void AnimCanvas::eventDefocus()
+{
+    mFlags &= ~SpaceDown;
+}
+
+void AnimCanvas::eventMouseDown(const sPoint& position, unsigned int button)
+{
+    mFlags &= ~DragKind;
+    if (!(button & UIMouseDownMessage::FirstButton) || !mTool->getAnimSequencer())
+        return;
+    if (hasFlag(SpaceDown))
+    {
+        mDragOrigin = mForm->getScrollBarPosition();
+        mFlags |= mScrollDrag;
+        return;
+    }
+    mFlags |= beginDrag(position, mDragOrigin);
+}
+
+void AnimCanvas::eventMouseMove(const sPoint& position)
+{
+    const unsigned int kind = mFlags & DragKind;
+    if (!isDragging() || !(getDragButton() & UIMouseDownMessage::FirstButton) || kind == NoDrag)
+        return;
+    if (kind == mScrollDrag)
+        mForm->setScrollBarPosition(mDragOrigin - getDragAmount());
+    else
+        drag(kind, position);
+}
+
+void AnimCanvas::paintBackground(UIPainter* painter) const
+{
+    painter->drawRect(getOwnRegion(), mBackground);
+}
+
+void AnimCanvas::paintGrid(UIPainter* painter) const
+{
+    if (!hasFlag(GridOn))
+        return;
+    const int width = static_cast<int>(getSize().width);
+    const int height = static_cast<int>(getSize().height);
+    for (int x = 0; x < width; x += GridSize)
+        painter->drawLine(sPoint(x, 0), sPoint(x, height), sColor::DarkGray);
+    for (int y = 0; y < height; y += GridSize)
+        painter->drawLine(sPoint(0, y), sPoint(width, y), sColor::DarkGray);
+}
