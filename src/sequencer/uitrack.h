@@ -1,0 +1,60 @@
+#pragma once
+
+#include "foundation/autostring.h"
+#include "sequencer/timelinerow.h"
+
+class UITextControl;
+
+// The row of a track, which shows the rows of its lanes below itself when they are extracted. Its key is the track.
+class SequencerTool::UITrack : public TimelineRow
+{
+public:
+    UITrack(SequencerTrack* track, TrackForm* trackForm);
+
+    SequencerTrack* getTrack() const { return mpTrack; }
+
+    // Owns the row, and places it below the present ones.
+    void addLane(UILane* lane);
+
+    virtual bool isExtracted() const = 0;
+
+    bool isSelected() const override;
+    void eventFocus() override;
+
+    // The width comes from the form, the height from the lanes.
+    void eventSize() override;
+
+private:
+    SequencerTrack* mpTrack;
+    List<UILane> mLaneList;
+};
+
+// The left side has the name and a box that extracts the lanes of both sides.
+class SequencerTool::TrackInfo : public UITrack
+{
+public:
+    TrackInfo(SequencerTrack* track, TrackForm* trackForm);
+
+    bool isExtracted() const override { return mExtracted; }
+
+    void eventPaint(UIPainter* painter) override;
+    void eventMouseDown(const sPoint& position, unsigned int button) override;
+
+private:
+    AutoString getTrackName() const;
+    void setTrackName(AutoString name);
+
+    UITextControl* mpNameControl;
+    bool mExtracted = false;
+};
+
+class SequencerTool::TrackSequence : public UITrack
+{
+public:
+    TrackSequence(SequencerTrack* track, TrackInfo* info, TrackForm* trackForm);
+
+    bool isExtracted() const override { return mpInfo->isExtracted(); }
+
+private:
+    TrackInfo* mpInfo;
+};
