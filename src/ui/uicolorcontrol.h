@@ -9,7 +9,7 @@ public:
     class UIColorSliderControl;
 
     // Asserts a property that is no colour.
-    UIColorControl(PropertyBase* property, bool disable, unsigned int index = PropertyBase::CurrentElement);
+    UIColorControl(PropertyBase* property, bool disable, unsigned int index = WholeValue);
 
     void align() override;
 
@@ -31,6 +31,7 @@ public:
     void eventMouseMove(const sPoint& position) override;
     void eventMouseDown(const sPoint& position, unsigned int button) override;
     void eventMouseUp(const sPoint& position, unsigned int button) override;
+    void eventMouseDoubleClick(const sPoint& position, unsigned int button) override;
 
 private:
     sColor getColor() const;

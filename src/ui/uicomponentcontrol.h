@@ -65,7 +65,7 @@ class UICompositeControl : public UIComponentControl
 {
 public:
     // Asserts a property of another type.
-    UICompositeControl(PropertyBase* property, bool disable, unsigned int index = PropertyBase::CurrentElement);
+    UICompositeControl(PropertyBase* property, bool disable, unsigned int index = WholeValue);
 
     void align() override;
 };
