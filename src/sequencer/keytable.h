@@ -3,6 +3,8 @@
 #include "reflection/valuetraits.h"
 #include "sequencer/control.h"
 
+#include <algorithm>
+
 class TypeInfo;
 
 // The shape of a key of a plain value: small values share the word of the head, all others lie behind it. bool does
@@ -37,6 +39,15 @@ struct sKeyRow
 
 namespace KeyTable
 {
+template <typename... Ts>
+constexpr std::size_t getWidest(TypeList<Ts...>)
+{
+    return std::max({sizeof(Ts)...});
+}
+
+// The bytes that hold the value of any key, but for the resource.
+constexpr std::size_t WidestValue = getWidest(ValueTypes{});
+
 constexpr unsigned int VoidTrigger = TriggerTraits<void>::type;
 constexpr unsigned int ResourceType = ValueTraits<ResourceBase*>::type;
 

@@ -191,11 +191,13 @@ private:
     void notifySelectObject(UIDialog* dialog);
     void notifySelectControl(UIDialog* dialog);
     void addTrack(const TypeInfo* type);
-    void addLane(SequencerTrack& track, ControlBase& control);
+    void addLane(SequencerTrack& track, const ControlBase& control);
     SequencerKey* addKey(SequencerTrack& track, SequencerLane& lane);
-    void initializeKeyParameter(SequencerTrack& track, SequencerLane& lane, SequencerKey& key);
+    void initializeKeyParameter(const SequencerTrack& track, const SequencerLane& lane, SequencerKey& key);
+    const ControlBase* findLiveControl(const SequencerTrack& track, const SequencerLane& lane) const;
+    void selectTrackOf(const SequencerLane& lane);
     void seekMarker(SequencerMarker* marker);
-    void deselectMarker();
+    void stopAt(unsigned int frame);
 
     static const ShortcutRow mShortcutTable[];
 
