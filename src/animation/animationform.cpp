@@ -98,7 +98,7 @@ void AnimationView::centre()
 
 unsigned int AnimationView::beginDrag(const sPoint& position, sPoint& origin) const
 {
-    const sHandle handle = getHandle(getTool().getSelectObject());
+    const sHandle handle = getHandle(getTool().getSelectLiveObject());
     if (handle.drag == NoDrag || !handle.rect.intersect(position))
         return NoDrag;
     origin = handle.position;
@@ -107,7 +107,7 @@ unsigned int AnimationView::beginDrag(const sPoint& position, sPoint& origin) co
 
 void AnimationView::drag(unsigned int kind, const sPoint&)
 {
-    ObjectBase* object = getTool().getSelectObject();
+    ObjectBase* object = getTool().getSelectLiveObject();
     if (getHandle(object).drag != kind)
         return;
     const sPoint position = clampToCanvas(getDragOrigin() + getDragAmount());
@@ -138,14 +138,13 @@ void AnimationView::paintMarkings(UIPainter* painter) const
 {
     const AnimSequencer& sequencer = *getTool().getAnimSequencer();
     const AnimResource* resource = getTool().getAnimResource();
-    const ObjectBase* selected = getTool().getSelectObject();
     for (unsigned int i = 0; i < sequencer.getTrackNum(); ++i)
     {
         const ObjectBase* object = sequencer.getTrackArray()[i].object;
-        const bool isSelected = object && object == selected;
+        const bool isSelected = i == getTool().getSelectTrackIndex();
         const sColor color = isSelected ? sColor::Red : sColor::Yellow;
         if (isSelected && resource && hasFlag(CurveOn))
-            drawCurve(*painter, *resource, i, static_cast<unsigned int>(static_cast<int>(sequencer.getCurrentFrame())));
+            drawCurve(*painter, *resource, i, getTool().getCurrentFrame());
         const sHandle handle = getHandle(object);
         if (handle.drag == NoDrag)
             continue;

@@ -23,9 +23,6 @@ public:
     AnimResource* getAnimResource() const;
     const AnimSequencer* getAnimSequencer() const;
 
-    // The live object of the selected track; null without one. It dies with the next change of the resource.
-    ObjectBase* getSelectObject() const;
-
     AnimationForm* getAnimationForm() const { return mAnimationForm; }
     TextureForm* getTextureForm() const { return mTextureForm; }
 

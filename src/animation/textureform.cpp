@@ -71,6 +71,7 @@ ResourceBase* AnimTool::TextureForm::getTexture() const
 
 void AnimTool::TextureForm::setTexture(ResourceBase* texture)
 {
+    const OwnEdit edit(*mTool);
     if (AnimResource* resource = mTool->getAnimResource())
         resource->setTexture(texture);
 }
@@ -110,7 +111,7 @@ void TextureView::update(float deltaTime)
 
 unsigned int TextureView::beginDrag(const sPoint& position, sPoint& origin) const
 {
-    if (!toCell(getTool().getSelectObject()))
+    if (!toCell(getTool().getSelectLiveObject()))
         return NoDrag;
     origin = position;
     return PickDrag;
@@ -119,7 +120,7 @@ unsigned int TextureView::beginDrag(const sPoint& position, sPoint& origin) cons
 // A texture has nothing left of or above its origin.
 void TextureView::drag(unsigned int, const sPoint& position)
 {
-    AnimCell* cell = toCell(getTool().getSelectObject());
+    AnimCell* cell = toCell(getTool().getSelectLiveObject());
     if (!cell)
         return;
     const sPoint from(std::max(getDragOrigin().x, 0), std::max(getDragOrigin().y, 0));

@@ -5,6 +5,7 @@
 #include "ui/uiform.h"
 
 class ResourceBase;
+class Texture;
 class TextureResource;
 
 // The pane that shows the texture of the animation and its size, and lets it be chosen.

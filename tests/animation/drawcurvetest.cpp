@@ -1,0 +1,85 @@
+#include "animation/drawcurve.h"
+
+#include "animation/animcell.h"
+#include "animation/animresource.h"
+#include "animation/drawanimation.h"
+#include "sequencer/control.h"
+#include "sequencer/sequencerlane.h"
+#include "tests/support/headlesssystems.h"
+#include "ui/uipainter.h"
+
+#include <gtest/gtest.h>
+
+// A cell with a lane of its position and three keys.
+class DrawCurveTest : public testing::Test
+{
+protected:
+    DrawCurveTest()
+    {
+        mAnimation.addTrack(AnimCell::getStaticTypeInfo(), "Cell");
+        AnimCell cell;
+        List<ControlBase> controls;
+        cell.makeControlList(controls);
+        mAnimation.addLane("Cell", *controls.begin());
+        for (ControlBase* control : controls)
+            delete control;
+        for (const auto& [frame, point] : {std::pair(0u, sPoint(0, 0)), {10u, {100, 0}}, {20u, {-40, 60}}})
+        {
+            mAnimation.addKey("Cell", "Position", frame, eInterpolateType::Hermite);
+            mAnimation.setKeyParameter("Cell", "Position", frame, &point);
+        }
+    }
+
+    // The number of lines of both colours, and where the first one begins.
+    std::string draw(unsigned int track, unsigned int frame)
+    {
+        unsigned int red = 0;
+        unsigned int blue = 0;
+        std::string begin;
+        for (const sRecordedDraw& draw : mSystems.record(
+                 [&](DrawContext& context)
+                 {
+                     UIPainter painter(&context, 7);
+                     drawCurve(painter, mAnimation, track, frame);
+                 }))
+        {
+            for (const sTexturedDeviceVertex& vertex : draw.vertices)
+                ++(vertex.color == sColor::Red ? red : blue);
+            const sTexturedDeviceVertex& first = draw.vertices.front();
+            if (begin.empty())
+                begin = std::to_string(static_cast<int>(first.x) - AnimationOrigin) + "," +
+                        std::to_string(static_cast<int>(first.y) - AnimationOrigin);
+        }
+        return std::to_string(red / 2) + " red, " + std::to_string(blue / 2) + " blue from " + begin;
+    }
+
+    HeadlessSystems mSystems;
+    AnimResource mAnimation;
+};
+
+TEST_F(DrawCurveTest, GoesWhereTheSequencerGoes)
+{
+    const std::array<sPoint, CurveStepNum> curves[] = {
+        {{{2, 0}, {11, 0}, {22, -1}, {37, -2}, {52, -3}, {67, -4}, {81, -4}, {92, -3}, {98, -2}, {99, 0}}},
+        {{{94, 4}, {82, 10}, {66, 17}, {47, 25}, {27, 33}, {7, 41}, {-11, 48}, {-26, 54}, {-36, 58}, {-39, 60}}},
+    };
+    ObjectList::Iterator key = mAnimation.findLane("Cell", "Position")->getKeyList().begin();
+    for (const std::array<sPoint, CurveStepNum>& curve : curves)
+    {
+        EXPECT_EQ(makeHermiteCurve(key), curve) << "the steps add up to a little more than 1";
+        ++key;
+    }
+}
+
+TEST_F(DrawCurveTest, DrawsEachSegmentByTheTypeOfItsKeyAndMarksTheCurrentOne)
+{
+    EXPECT_EQ(draw(0, 10), "12 red, 14 blue from 0,0");
+    EXPECT_EQ(draw(0, 9), "12 red, 14 blue from 0,0");
+    EXPECT_EQ(draw(0, 4000), "2 red, 24 blue from 0,0") << "the last key governs all that follows";
+    mAnimation.setKeyInterpolateType("Cell", "Position", 0, eInterpolateType::Linear);
+    mAnimation.setKeyInterpolateType("Cell", "Position", 10, eInterpolateType::Constant);
+    EXPECT_EQ(draw(0, 0), "3 red, 4 blue from 0,0");
+    EXPECT_EQ(draw(1, 0), "0 red, 0 blue from ") << "no such track";
+    mAnimation.removeLane("Cell", "Position");
+    EXPECT_EQ(draw(0, 0), "0 red, 0 blue from ");
+}
