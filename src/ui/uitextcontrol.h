@@ -31,6 +31,7 @@ private:
     void select(int start, int end);
     void clearSelection();
 
+    void commit();
     void insert(char character);
     void erase(int position);
     bool eraseSelection();
@@ -38,8 +39,8 @@ private:
     void jumpCursor(int to, bool extend);
     void scrollToCursor();
 
-    void paintEditText(UIPainter* painter) const;
-    void paintPiece(UIPainter* painter, int begin, int end, bool selected) const;
+    void paintText(UIPainter* painter, const char* text) const;
+    void paintPiece(UIPainter* painter, const char* text, int begin, int end, bool selected) const;
 
     int mCursor = -1;
     int mFirstVisible = 0;
