@@ -13,5 +13,4 @@ public:
 
 private:
     void addSystems();
-    UIMainMenu* makeMainMenu();
 };

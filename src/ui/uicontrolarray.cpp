@@ -4,6 +4,7 @@
 #include "ui/uicolor.h"
 #include "ui/uicolorcontrol.h"
 #include "ui/uiform.h"
+#include "ui/uigroupform.h"
 #include "ui/uiobjectcontrol.h"
 #include "ui/uipainter.h"
 #include "ui/uiparametercontrol.h"
@@ -13,9 +14,6 @@
 namespace
 {
 constexpr sSize MinimumSize{64, 32};
-constexpr sPoint FormPosition{8, 16};
-constexpr unsigned int WidthBesideForm = 16;
-constexpr unsigned int HeightBesideForm = 24;
 
 template <typename Control>
 UIBase* make(PropertyBase* property, bool disable, unsigned int index)
@@ -38,7 +36,7 @@ constexpr sElementRow ElementTable[] = {
 };
 }
 
-UIControlArray::UIControlArray(PropertyBase* property, bool disable) : mpProperty(property)
+UIControlArray::UIControlArray(PropertyBase* property, bool disable) : UIBase(RowElement), mpProperty(property)
 {
     if (property->getType() == ValueTraits<ResourceBase*>::type)
         dev_assert("Not support resource array.", __FILE__, __LINE__);
@@ -58,8 +56,7 @@ void UIControlArray::eventSize()
 {
     if (!mpForm || mCount != mpProperty->getCount())
         createArray();
-    mpForm->fitToClients(getSize().width - WidthBesideForm);
-    setSize({getSize().width, mpForm->getSize().height + HeightBesideForm});
+    UIGroupForm::fit(*this, *mpForm);
 }
 
 void UIControlArray::eventPaint(UIPainter* painter)
@@ -73,7 +70,6 @@ void UIControlArray::createArray()
 {
     removeChildren();
     mpForm = new UIForm(UIForm::FlowLayout);
-    mpForm->setPosition(FormPosition);
     add(mpForm);
     mCount = mpProperty->getCount();
     for (unsigned int index = 0; index < std::max(mCount, 1u); ++index)

@@ -6,8 +6,8 @@ class PropertyBase;
 class UIForm;
 
 // Edits all elements of a property, each with the control of its type, in a frame that carries the property's name. It
-// is as high as they need in its width, and follows the number of elements when it is sized. A property without
-// elements shows its one value.
+// takes a row of its own, is as high as they need in its width, and follows their number when it is sized. A property
+// without elements shows its one value.
 class UIControlArray : public UIBase
 {
 public:

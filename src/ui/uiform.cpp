@@ -69,12 +69,6 @@ sRect UIForm::getClientExistRegion() const
     return sRect(region.getWidth(), region.getHeight()) + mClientHolder->getPosition();
 }
 
-void UIForm::fitToClients(unsigned int width)
-{
-    setSize(mClientHolder->alignClient({width, 0}));
-    setClientRegion(getOwnRegion());
-}
-
 void UIForm::setScrollBarPosition(const sPoint& position)
 {
     if (mHorizontalBar)

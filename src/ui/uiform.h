@@ -59,9 +59,6 @@ public:
     // What the clients take up, in the form's coordinates and as if it were not scrolled.
     sRect getClientExistRegion() const;
 
-    // Lays the clients out in that width, and shows them all in the size that they take.
-    void fitToClients(unsigned int width);
-
     // How far the clients are moved by scrolling. With scroll bars the next update sets it anew.
     void setClientPosition(const sPoint& position) { mClientHolder->setClientPosition(position); }
     const sPoint& getClientPosition() const { return mClientHolder->getClientPosition(); }
