@@ -179,17 +179,6 @@ TEST_F(GPAllocatorTest, HandsOutTheAddressesOfAWalkOverTheFreeBlocks)
     }
 }
 
-TEST_F(GPAllocatorTest, TakesSmallAndNegativeSizesFromTheTopAndOthersFromTheBottom)
-{
-    EXPECT_EQ(offsetIn(*mHeap, allocate(32)), HeapSize - 32);
-    EXPECT_EQ(offsetIn(*mHeap, allocate(33)), 32);
-    EXPECT_EQ(offsetIn(*mHeap, allocate(-64)), HeapSize - 64 - 64);
-    EXPECT_EQ(offsetIn(*mHeap, allocate(0)), HeapSize - 128 - 64) << "nothing is as much as 32 bytes";
-    EXPECT_EQ(offsetIn(*mHeap, allocate(33)), 32 + 64 + 32);
-    EXPECT_EQ(offsetIn(*mHeap, allocate(100, 128)), 256) << "a gap follows the header at 192";
-    EXPECT_EQ(mHeap->getUsedSize(), 64 + 2 * 96 + 96 + 64 + (384 - 192) + 32);
-}
-
 TEST_F(GPAllocatorTest, RefusesWhatFitsNowhereWithOneTrace)
 {
     allocate(1000);
@@ -227,28 +216,4 @@ TEST_F(GPAllocatorTest, ReportsEveryLeakInTheOrderOfAddressesAndStops)
     allocate(500);
     EXPECT_DEATH(mHeap->clear(), leaks);
     EXPECT_DEATH(mHeap.reset(), leaks);
-}
-
-TEST_F(GPAllocatorTest, IsNotSearchedForLeaksWithoutAFreeBlock)
-{
-    EXPECT_NE(mHeap->allocate(HeapSize - 32, 4), nullptr);
-    mHeap->clear();
-    EXPECT_EQ(mHeap->getUsedSize(), 32u) << "cleared, the heap is one free block";
-}
-
-TEST(AllocatorBaseTest, CutsAHeapFromItsParentAndGivesItBack)
-{
-    void* high = reinterpret_cast<void*>(std::uintptr_t(0x123456781001));
-    EXPECT_EQ(AllocatorBase::align128(high), reinterpret_cast<void*>(std::uintptr_t(0x123456781080)));
-
-    GPAllocator parent(0x4000, "Parent", nullptr, Threshold, false);
-    const unsigned int used = parent.getUsedSize();
-    {
-        GPAllocator child(0x1000, "Child", &parent, Threshold, false);
-        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(child.getHeap()) % 128, 0u);
-        EXPECT_GE(parent.getUsedSize(), used + 0x1000);
-    }
-    EXPECT_EQ(parent.getUsedSize(), used);
-    EXPECT_DEATH(GPAllocator(0x5000, "Child", &parent, Threshold, false), "Not enough memory.");
-    EXPECT_DEATH(GPAllocator(0x80000000, "Child", &parent, Threshold, false), "Not enough memory.");
 }

@@ -93,9 +93,6 @@ TEST_P(JobSystemFourThreadTest, RunsFourJobsAtOnceWithTheDataOfTheirThreads)
 {
     for (unsigned int thread = 0; thread < 6; ++thread)
         mpJobSystem->setThreadUniqueData(thread, Recorder::number(10 + thread));
-    EXPECT_EQ(mpJobSystem->getThreadUniqueData(3), Recorder::number(13));
-    EXPECT_EQ(mpJobSystem->getThreadUniqueData(4), nullptr) << "there is no such thread";
-
     int endNum = 0;
     for (int round = 1; round <= 50; ++round)
     {
@@ -123,25 +120,4 @@ TEST_P(JobSystemTest, CallsEachIndexOnceHoweverOftenItIsAsked)
         for (auto [index, callNum] : mRecorder.mCalls)
             ASSERT_EQ(callNum, round) << index;
     }
-}
-
-TEST_P(JobSystemTest, LimitsTheThreadNumberAndMakesWorkersAnew)
-{
-    mpJobSystem->setThreadUniqueData(0, this);
-    for (auto [asked, given] : {std::pair(0u, 1u), std::pair(40u, 16u), std::pair(3u, 3u)})
-    {
-        mpJobSystem->setJobThreadNum(asked);
-        EXPECT_EQ(mpJobSystem->getJobThreadNum(), given);
-        EXPECT_EQ(mpJobSystem->getThreadUniqueData(given - 1), given == 1 ? this : nullptr);
-        mRecorder.mCalls.clear();
-        mpJobSystem->executeLoopJob(&mRecorder, &Recorder::noteIndex, 0, 40, nullptr);
-        EXPECT_EQ(mRecorder.mCalls.size(), 40u);
-    }
-}
-
-TEST_P(JobSystemOneThreadTest, DealsALoopEveryStepthIndex)
-{
-    JobSystem::LoopJob<Recorder, unsigned int> loop(&mRecorder, &Recorder::noteIndex, nullptr, 1, 8, 3);
-    mpJobSystem->loopJob(&loop);
-    EXPECT_EQ(mRecorder.mCalls, (std::map<unsigned int, int>{{1, 1}, {4, 1}, {7, 1}}));
 }

@@ -2,13 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <functional>
-#include <memory>
 #include <thread>
-
-#include <pthread.h>
-#include <unistd.h>
 
 namespace
 {
@@ -55,28 +50,6 @@ TEST(LockTest, LetsOneThreadInAtATimeAndThatOneTwice)
     EXPECT_EQ(entered, 10000);
 }
 
-TEST(EventTest, KeepsOneSignalUntilAWaitConsumesIt)
-{
-    Event event;
-    EXPECT_EQ(event.wait(0), 1u);
-    event.set();
-    event.set();
-    EXPECT_EQ(event.wait(0xFFFFFFFF), 0u);
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(event.wait(1005), 1u);
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1005));
-}
-
-TEST(SemaphoreTest, CountsUpToItsMaximum)
-{
-    Semaphore semaphore(2, 1);
-    EXPECT_EQ(semaphore.signal(), 1u);
-    EXPECT_EQ(semaphore.signal(), 0u);
-    EXPECT_EQ(semaphore.wait(), 1u);
-    EXPECT_TRUE(semaphore.tryWait());
-    EXPECT_FALSE(semaphore.tryWait());
-}
-
 TEST(SemaphoreTest, HandsWorkToAndFroWithAnEventWhetherTheOtherSleepsOrNot)
 {
     Semaphore there(1, 0);
@@ -96,16 +69,6 @@ TEST(SemaphoreTest, HandsWorkToAndFroWithAnEventWhetherTheOtherSleepsOrNot)
         EXPECT_EQ(back.wait(0xFFFFFFFF), 0u);
     }
     echo.join();
-}
-
-TEST(SemaphoreTest, EndsTheWaitsWhenItIsDeleted)
-{
-    auto semaphore = std::make_unique<Semaphore>(1, 0);
-    Semaphore* waited = semaphore.get();
-    std::thread waiter([waited] { EXPECT_EQ(waited->wait(), 0u); });
-    Thread::sleep(50);
-    semaphore.reset();
-    waiter.join();
 }
 
 TEST(ThreadTest, RunsBehindItsGateUntilItIsToldToEnd)
@@ -139,24 +102,4 @@ TEST(ThreadTest, NeverExecutesWhatWasTerminatedAtTheGate)
     thread.terminate();
     EXPECT_EQ(thread.getStatus(), Thread::Terminating);
     thread.run();
-}
-
-TEST(ThreadTest, HasAStackOfAMebibyteAndFollowsItsPriorityDownwards)
-{
-    std::size_t stackSize = 0;
-    int niceness = 0;
-    TestThread thread(
-        [&](TestThread&)
-        {
-            pthread_attr_t attributes;
-            pthread_getattr_np(pthread_self(), &attributes);
-            pthread_attr_getstacksize(&attributes, &stackSize);
-            pthread_attr_destroy(&attributes);
-            niceness = nice(0);
-        });
-    thread.setPriority(Thread::ePriority::Lowest);
-    thread.run();
-    thread.waitForTermination();
-    EXPECT_GE(stackSize, 0x100000u);
-    EXPECT_EQ(niceness, 19);
 }

@@ -5,14 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <sys/stat.h>
-#include <unistd.h>
-#include <utime.h>
 
 TEST(UtilsTest, HashesNames)
 {
@@ -75,32 +70,6 @@ TEST_F(UtilsFileListTest, SortsWithoutRegardToCaseAndLeavesOutTheWaysUp)
     EXPECT_EQ(names, ".hidden Alpha Beta beta walk.tga zeta ");
     EXPECT_TRUE(list(mDirectory / "absent").empty());
     EXPECT_TRUE(list(mDirectory / "walk.tga").empty());
-}
-
-TEST_F(UtilsFileListTest, TellsSizeAndTimeOfFilesAndFollowsLinksToDirectories)
-{
-    setenv("TZ", "UTC", 1);
-    tzset();
-    mDirectory.write("a", "12345");
-    const utimbuf times = {0, 951782399}; // 2000-02-28 23:59:59
-    ASSERT_EQ(utime((mDirectory / "a").c_str(), &times), 0);
-    ASSERT_EQ(mkdir((mDirectory / "b").c_str(), 0777), 0);
-    ASSERT_EQ(symlink("b", (mDirectory / "c").c_str()), 0);
-    ASSERT_EQ(symlink("nowhere", (mDirectory / "d").c_str()), 0);
-
-    const List entries = list(mDirectory.getPath());
-    ASSERT_EQ(entries.size(), 3u) << "a link to nowhere is no entry";
-    const Utils::FileInfo& file = *entries[0];
-    EXPECT_TRUE(!file.directory && file.size == 5);
-    EXPECT_TRUE(file.year == 2000 && file.month == 2 && file.day == 28);
-    EXPECT_TRUE(file.hour == 23 && file.minute == 59 && file.second == 59);
-    for (std::size_t i = 1; i < 3; ++i)
-        EXPECT_TRUE(entries[i]->directory && entries[i]->size + entries[i]->year == 0);
-
-    EXPECT_TRUE(Utils::isFileExist((mDirectory / "a").c_str()));
-    EXPECT_TRUE(Utils::isFileExist(mDirectory.getPath().c_str()));
-    EXPECT_FALSE(Utils::isFileExist((mDirectory / "d").c_str()));
-    EXPECT_FALSE(Utils::isFileExist(nullptr));
 }
 
 TEST(UtilsPathTest, NamesOnlyWhatStandsDirectlyBelowTheRoot)
