@@ -43,23 +43,6 @@ TEST(XmlWriterTest, PrintsTagsAtTheirDepthWithABlankBehindEachPart)
                                  "</Root>\n");
 }
 
-TEST(XmlWriterTest, StopsOnTagsThatDoNotPair)
-{
-    const auto build = [](unsigned int opened, unsigned int closed)
-    {
-        XmlWriter writer("Root");
-        for (unsigned int i = 0; i < opened; ++i)
-            writer.openTag("tag");
-        for (unsigned int i = 0; i < closed; ++i)
-            writer.closeTag();
-        print(writer);
-    };
-    EXPECT_DEATH(build(2, 1), "Unclosed tag found.");
-    EXPECT_DEATH(build(2, 3), "Root has already closed.");
-    EXPECT_DEATH(build(0, 2), "Unclosed tag not found.");
-    XmlWriter unwritten("Root");
-}
-
 TEST(XmlWriterTest, KnowsWhetherTheReaderWillTakeTheDocument)
 {
     const std::tuple<const char*, const char*, unsigned int> rows[] = {
@@ -81,20 +64,6 @@ TEST(XmlWriterTest, KnowsWhetherTheReaderWillTakeTheDocument)
     }
     XmlWriter writer("no name");
     EXPECT_FALSE(writer.isReadable());
-}
-
-TEST(XmlWriterTest, NumbersObjectsInTheOrderInWhichTheyAppear)
-{
-    XmlWriter writer("Root");
-    std::vector<ObjectBase> objects(1000);
-    for (unsigned int i = 0; i < 2000; ++i)
-        EXPECT_EQ(writer.getIdentity(&objects[i * 7 % 1000]), i % 1000 + 1);
-
-    EXPECT_EQ(writer.findObject(3), nullptr);
-    writer.registerObject(&objects[0], 3);
-    EXPECT_EQ(writer.findObject(3), &objects[0]);
-    EXPECT_DEATH(writer.registerObject(&objects[1], 3), "ID number conflict.");
-    EXPECT_DEATH(writer.registerObject(&objects[1], 0), "ID number 0 is reserved.");
 }
 
 #ifndef CELLWRIGHT_SANITIZED

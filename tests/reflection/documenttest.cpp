@@ -195,10 +195,3 @@ TEST(Document, ToleratesWhatDoesNotFit)
     }
     EXPECT_EQ(load(*std::make_unique<TestSample>(), "<Other />"), "") << "no tag of that name";
 }
-
-TEST(Document, MissingComponentsStay)
-{
-    TestSample sample("rect");
-    EXPECT_EQ(sample.load("<rect type='rect' count='0' left='-5' right='x' />"), "");
-    EXPECT_EQ(sample.mRect, sRect(-5, 2, 0, 4));
-}

@@ -83,21 +83,6 @@ TEST_F(ObjectListTest, OwnsUnstableContentsOnly)
     owning.addLast(new TestItem);
 }
 
-TEST_F(ObjectListTest, ComesBackWithItsGaps)
-{
-    TestList source(false);
-    const std::string document = save(source);
-    const char* const head = "<ObjectList typeinfo='ObjectList' id='1' list_count='3' stable='true' >\n"
-                             "\t<element0 typeinfo='TestItem' id='2' stable='false' >";
-    EXPECT_NE(document.find(quoted(head)), std::string::npos);
-    EXPECT_EQ(document.find("element1"), std::string::npos) << "a null has no tag";
-
-    TestList target(false);
-    target.setCount(0);
-    EXPECT_EQ(load(target, document), "");
-    EXPECT_EQ(target.numbers(), "103");
-}
-
 TEST_F(ObjectListTest, StableContentsAreNeverReadBack)
 {
     TestList list(true);
@@ -153,16 +138,4 @@ TEST_F(ObjectListTest, KnownElementsAreNotFilledTwice)
     EXPECT_EQ(list.load("list_count='2'", first + "<element1 id='1' ><number /></element1>"), "");
     EXPECT_EQ(list.numbers(), "44");
     list.remove(list.begin());
-}
-
-TEST_F(ObjectListTest, ShowsItsElementsAsProperties)
-{
-    TestList list(false);
-    PropertyList properties;
-    list.makePropertyList(properties);
-    EXPECT_EQ(properties.size(), 2u + 2 * 3);
-    properties.find("index", 8)->setByType(2u);
-    EXPECT_EQ(properties.find("member", 21)->getByType<ObjectBase*>(), list.mLast);
-    properties.find("count", 8)->setByType(5u);
-    EXPECT_EQ(list.numbers(), "00000");
 }

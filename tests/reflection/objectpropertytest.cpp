@@ -41,27 +41,6 @@ struct TestResource : ResourceBase
 };
 }
 
-TEST(ObjectProperty, CopiesIntoAPartAndRebindsAReference)
-{
-    TestOwner owner;
-    TestPart other;
-    other.mInteger = 5;
-
-    ObjectProperty part("part", &owner.mPart);
-    part.set(&other, PropertyBase::CurrentElement);
-    EXPECT_TRUE(part.get(0) == &owner.mPart && part.isStableObject());
-    EXPECT_EQ(owner.mPart.mInteger, 5u);
-
-    TestPart bound;
-    owner.mpReference = &bound;
-    ObjectProperty("stable", &owner.mpReference, true).setByType<ObjectBase*>(&other);
-    EXPECT_TRUE(owner.mpReference == &bound && bound.mInteger == 5);
-
-    ObjectProperty reference("reference", &owner.mpReference, false);
-    reference.setByType<ObjectBase*>(nullptr);
-    EXPECT_STREQ(reference.getString(nullptr, 0), "null");
-}
-
 TEST(ObjectBase, CopiesIntegersAndObjectsOnly)
 {
     TestOwner source;
@@ -74,25 +53,6 @@ TEST(ObjectBase, CopiesIntegersAndObjectsOnly)
     EXPECT_EQ(target.mPart.mInteger, 0x80000000);
     EXPECT_EQ(target.mpReference, &source.mPart) << "rebound";
     EXPECT_FALSE(target.mPart.mText);
-}
-
-TEST(ResourceProperty, OwnsOneReference)
-{
-    TestResource* first = new TestResource;
-    TestResource* second = new TestResource;
-    TestOwner owner;
-    ResourceProperty property("resource", &owner.mpResource);
-    EXPECT_STREQ(property.getString(nullptr, 0), "null");
-
-    property.setByType<ResourceBase*>(first);
-    property.setByType<ResourceBase*>(first);
-    EXPECT_EQ(first->getReferenceCount(), 2);
-    property.setByType<ResourceBase*>(second);
-    EXPECT_EQ(property.getByType<ResourceBase*>(), second);
-    property.setByType<ResourceBase*>(nullptr);
-    EXPECT_TRUE(first->getReferenceCount() == 1 && second->getReferenceCount() == 1);
-    first->release();
-    second->release();
 }
 
 TEST(ResourceProperty, WritesALogicalNameIfItCanBeFoundAgain)

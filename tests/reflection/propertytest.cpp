@@ -76,25 +76,6 @@ TYPED_TEST(PropertyTest, ReachesElementsOfAnArrayOrTheOneValueOfItsOwner)
     EXPECT_TRUE(property.getPointer() == values && !indirect.getPointer());
 }
 
-TYPED_TEST(PropertyTest, HasTextAndNumberUnlessItIsAStructure)
-{
-    const TypeParam value = makeValue<TypeParam>(1);
-    Sample<TypeParam> sample;
-    if constexpr (CompositeValue<TypeParam>)
-    {
-        EXPECT_EQ(sample.text(), "null");
-        EXPECT_EQ(sample.number(), 0u);
-        EXPECT_TRUE(sample.parse("5") == value && sample.assign(5) == value) << "ignored";
-    }
-    else if constexpr (!std::is_same_v<TypeParam, bool>)
-    {
-        EXPECT_TRUE(Sample<TypeParam>().parse(sample.text()) == value);
-        EXPECT_EQ(sample.number(), IntegerValue<TypeParam> ? 1u : 0u);
-        EXPECT_TRUE(sample.assign(7) == (IntegerValue<TypeParam> ? makeValue<TypeParam>(7) : value));
-        EXPECT_TRUE(sample.parse("nothing") == TypeParam()) << "no number reads as 0";
-    }
-}
-
 TEST(Property, WritesAllIntegersAsSignedWords)
 {
     EXPECT_EQ(textOf(3078513395u), "-1216453901");

@@ -62,17 +62,6 @@ TEST(TypeInfo, FindsRecordsByIdAndByName)
     EXPECT_EQ(TypeInfo::findForeign(TwinName), nullptr);
 }
 
-TEST(TypeInfo, MakesInstancesOfConcreteClassesOnly)
-{
-    const std::unique_ptr<ObjectBase> object(TypeInfo::find("TestPlain")->newInstance());
-    ASSERT_TRUE(object);
-    EXPECT_TRUE(object->cast<TestPlain>() && !object->cast<TestAbstract>());
-    EXPECT_EQ(TypeInfo::find("TestAbstract")->newInstance(), nullptr);
-    EXPECT_EQ(TestAbstract::getStaticTypeInfo()->getAttribute(), 1u);
-    EXPECT_TRUE(TestAbstract::getStaticTypeInfo()->isDerivedFrom("TestPlain"))
-        << "the named parent decides, not the base of the class";
-}
-
 TEST(TypeInfoDeathTest, StopsOnCollisionsAndWithoutItsDatabase)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
