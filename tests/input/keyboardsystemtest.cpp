@@ -1,7 +1,5 @@
 #include "input/keyboardsystem.h"
 
-#include "application/systemmanager.h"
-#include "input/hiddevice.h"
 #include "input/hidsystem.h"
 #include "input/mousesystem.h"
 #include "tests/support/headlessapplication.h"
@@ -10,16 +8,6 @@
 
 #include <array>
 #include <vector>
-
-namespace
-{
-unsigned char gSecondKeyboard[KeySet::KeyNum];
-
-const unsigned char* readSecondKeyboard()
-{
-    return gSecondKeyboard;
-}
-}
 
 class KeyboardSystemTest : public testing::Test
 {
@@ -70,24 +58,4 @@ TEST_F(KeyboardSystemTest, TellsTheLowestKeyAndEachChangeForOneFrame)
     EXPECT_FALSE(keyboard.checkKeyTrgOn(KeyboardSystem::KeyA) || keyboard.checkKeyOn(KeyboardSystem::KeyA));
     EXPECT_TRUE(keyboard.checkKeyTrgOn(KeyboardSystem::RightGUI) && keyboard.checkKeyOn(KeyboardSystem::RightGUI));
     EXPECT_FALSE(keyboard.checkKeyTrgOff(KeyboardSystem::RightGUI) || keyboard.checkKeyOff(KeyboardSystem::RightGUI));
-}
-
-TEST_F(KeyboardSystemTest, AKeyIsDownAsLongAsItIsDownOnAnyKeyboard)
-{
-    KeyboardSystem::getInstance()->destroy();
-    HIDAddDevice({"Second", 1, 6, readSecondKeyboard});
-    HIDAddDevice({"Mouse", 1, 2, nullptr});
-    KeyboardSystem::create(mHID);
-
-    gSecondKeyboard[KeyboardSystem::Return] = 1;
-    EXPECT_EQ(update({KeyboardSystem::Return}).getKeyTrgOn(), KeyboardSystem::Return);
-    EXPECT_EQ(update({}).getKeyOn(), KeyboardSystem::Return);
-    gSecondKeyboard[KeyboardSystem::Return] = 0;
-    EXPECT_EQ(update({}).getKeyTrgOff(), KeyboardSystem::Return);
-
-    Vector<recDevice> devices;
-    EXPECT_FALSE(mHID->getDeviceList(devices, 1, 5));
-    EXPECT_TRUE(mHID->getDeviceList(devices, 1, 6));
-    ASSERT_EQ(devices.size(), 2u);
-    EXPECT_STREQ(devices[1]->description.product, "Second");
 }

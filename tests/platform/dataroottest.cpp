@@ -41,14 +41,6 @@ TEST_F(DataRootTest, TheForcedDirectoryComesFirstAndIsMade)
     EXPECT_FALSE(exists("mine/intermediate/cats")) << "samples are for the user's own directory";
 }
 
-TEST_F(DataRootTest, TheProgramsDirectoryCountsWhenItHasData)
-{
-    make("bin/intermediate");
-    EXPECT_EQ(findDataRoot(mPlaces), mPlaces.program);
-    EXPECT_TRUE(exists("bin/native"));
-    EXPECT_FALSE(exists("home"));
-}
-
 TEST_F(DataRootTest, TheUsersDirectoryIsFilledOnce)
 {
     EXPECT_EQ(findDataRoot(mPlaces), mPlaces.userData);

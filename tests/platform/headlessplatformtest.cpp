@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <vector>
 
 class HeadlessPlatformTest : public testing::Test
@@ -47,14 +46,6 @@ TEST_F(HeadlessPlatformTest, TimerFiresAfterATenthOfASecondAndThenEveryTenthOfAM
         << "firings that a long frame holds up are one";
 }
 
-TEST_F(HeadlessPlatformTest, HandlersNeedAWindow)
-{
-    EXPECT_FALSE(platform().installTimer(countFiring, this));
-    EXPECT_FALSE(platform().installMouseHandler([](const sMouseEvent&, void*) {}, this));
-    platform().refuseWindow();
-    EXPECT_FALSE(platform().openWindow("", 64, 48));
-}
-
 TEST_F(HeadlessPlatformTest, TheCloseBoxAsksTheQuitHandlerOrEndsTheLoop)
 {
     bool asked = false;
@@ -68,11 +59,4 @@ TEST_F(HeadlessPlatformTest, TheCloseBoxAsksTheQuitHandlerOrEndsTheLoop)
     platform().postQuit();
     platform().runEventLoop();
     EXPECT_TRUE(asked) << "the loop went on, and without a handler the second press ended it";
-}
-
-TEST_F(HeadlessPlatformTest, ASignalEndsTheLoopUnasked)
-{
-    platform().setQuitHandler([](void*) { FAIL() << "a signal is no question"; }, nullptr);
-    std::raise(SIGTERM);
-    platform().runEventLoop();
 }

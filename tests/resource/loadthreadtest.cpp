@@ -89,14 +89,3 @@ TEST_F(LoadThreadTest, DropsCancelledEntriesWithoutACallback)
     mReceiver.waitFor(3);
     EXPECT_EQ(mReceiver.mCount, 3) << "entries are served in order";
 }
-
-TEST_F(LoadThreadTest, HoldsAQueueOf256AndDeletesItAtTheEnd)
-{
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    ResourceSystem* system = ResourceSystem::getInstance();
-    system->lock();
-    for (int i = 0; i < 256; ++i)
-        queue("a");
-    EXPECT_DEATH(queue("a"), "Queue overflow.");
-    system->unlock();
-}

@@ -157,37 +157,6 @@ TEST_F(ResourceSystemTest, RefusesAResourceInsideItsOwnLoad)
     EXPECT_EQ(a->mpNext->mpNext, nullptr);
 }
 
-TEST_F(ResourceSystemTest, NamesNewResourcesWithoutADotAndNumbersThem)
-{
-    writeText("intermediate/newfiletga", "");
-    const auto first = create<TextureResourceTGA>(nullptr);
-    const auto second = create<TextureResourceTGA>(nullptr);
-    EXPECT_EQ(first->getPath(), mSystems.getFile("intermediate/newfile0tga").c_str());
-    EXPECT_EQ(second->getPath(), mSystems.getFile("intermediate/newfile1tga").c_str());
-    EXPECT_EQ(create<TextureResource>(nullptr)->getPath(), mSystems.getFile("native/newfiletex").c_str());
-}
-
-TEST_F(ResourceSystemTest, FindsClassesByExtension)
-{
-    const ResourceSystem* system = ResourceSystem::getInstance();
-    EXPECT_EQ(system->getTypeInfoByExtension("tga"), TextureResourceTGA::getStaticTypeInfo());
-    EXPECT_EQ(system->getTypeInfoByExtension("tex"), TextureResource::getStaticTypeInfo());
-    EXPECT_TRUE(!system->getTypeInfoByExtension("png") && !system->getTypeInfoByExtension(nullptr));
-    EXPECT_EQ(TextureResource().getExtraIntermediateType(0), TextureResourceBMP::getStaticTypeInfo());
-}
-
-TEST_F(ResourceSystemTest, ShowsAChangeForOneFrameAndCountsIt)
-{
-    const auto resource = create<TextureResourceTGA>(nullptr);
-    const unsigned int revision = resource->getRevision();
-    resource->setModify();
-    EXPECT_TRUE(resource->isUpdated() && resource->isModified());
-    ResourceSystem::getInstance()->update();
-    EXPECT_FALSE(resource->isUpdated());
-    EXPECT_TRUE(resource->isModified()) << "only saving clears it";
-    EXPECT_EQ(resource->getRevision(), revision + 1);
-}
-
 TEST(ResourceSystemEndTest, ReportsWhatIsStillHeldAndLetsItGoLater)
 {
     TextureResourceTGA* held = nullptr;

@@ -120,16 +120,6 @@ TEST_F(TextureResourceTest, SaysWhyItRefusesAFile)
         expectRefused.operator()<TextureResourceBMP>(text, makeFile(picture));
 }
 
-TEST_F(TextureResourceTest, TakesSizesUpTo1024AndIsSilentAboutNativeFilesOfAnotherKind)
-{
-    EXPECT_TRUE(loads<TextureResource>(makeFile(sTex{1024, 1024, Bytes(1024 * 1024 * 4)})));
-    EXPECT_TRUE(loads<TextureResourceTGA>(makeFile(sTga{1, 1024, Bytes(1024 * 4)})));
-    TraceCapture trace;
-    EXPECT_FALSE(loads<TextureResource>(makeFile(sTex{.version = 2})));
-    EXPECT_FALSE(loads<TextureResource>({}));
-    EXPECT_EQ(trace.take(), "");
-}
-
 // Every picture cut at every length, and with every bit turned, is either loaded whole or refused.
 TEST_F(TextureResourceTest, SurvivesCutAndDamagedFiles)
 {
@@ -152,23 +142,4 @@ TEST_F(TextureResourceTest, SurvivesCutAndDamagedFiles)
     for (const unsigned int bits : {1, 4, 8, 16, 24, 32})
         attack(makeFile(sBmp{1, 2, bits, palette, Bytes(bits == 16 ? 4 : 8)}),
                [this](const Bytes& file) { return loads<TextureResourceBMP>(file); });
-}
-
-TEST_F(TextureResourceTest, ConvertsOnlyWhatItHasLoadedAndOnlyIntoBinaryFiles)
-{
-    const Held<TextureResourceTGA> empty(new TextureResourceTGA);
-    BinaryFileStream binary(mSystems.getFile("native/picture").c_str(), FileStream::Write);
-    EXPECT_FALSE(empty->convert(binary));
-
-    bool loaded = false;
-    const Held<TextureResourceTGA> full = load<TextureResourceTGA>(makeFile(sTga{}), loaded);
-    TextFileStream text(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
-    EXPECT_FALSE(full->convert(text) || full->load(text));
-
-    mSystems.write("intermediate/picture", makeFile(sTga{2, 3, Bytes(24)}));
-    BinaryFileStream stream(mSystems.getFile("intermediate/picture").c_str(), FileStream::Read);
-    EXPECT_TRUE(full->load(stream)) << "a second time, which keeps the path";
-    EXPECT_STREQ(full->getPath().c_str(), "intermediate/picture");
-    EXPECT_EQ(full->getWidth(), 2u);
-    EXPECT_EQ(full->getTexture()->getHeight(), 3u);
 }
