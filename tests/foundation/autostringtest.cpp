@@ -92,22 +92,6 @@ TEST_F(AutoStringTest, InsertsAndRemoves)
     EXPECT_STREQ(("<" + AutoString("b") + "/" + '>').c_str(), "<b/>");
 }
 
-TEST_F(AutoStringTest, FindsFromBothEnds)
-{
-    const AutoString text("ababab");
-    EXPECT_EQ(text.findFirst('b'), 1u);
-    EXPECT_EQ(text.findLast('a'), 4u);
-    EXPECT_EQ(text.findFirst(AutoString("ba")), 1u);
-    EXPECT_EQ(text.findLast(AutoString("ab")), 4u);
-    EXPECT_EQ(text.findLast(AutoString("aba")), 0u) << "the one at 2 overlaps the one at 0";
-    for (const AutoString& absent : {AutoString("c"), AutoString(""), AutoString()})
-    {
-        EXPECT_EQ(text.findFirst(absent), AutoString::NotFound);
-        EXPECT_EQ(text.findLast(absent), AutoString::NotFound);
-        EXPECT_EQ(AutoString().findLast(absent), AutoString::NotFound);
-    }
-}
-
 TEST_F(AutoStringTest, FallsBackOnTheGeneralHeapWhenItsOwnIsFull)
 {
     AutoString text("inside");

@@ -26,40 +26,13 @@ public:
         mCalls[index]++;
     }
 
-    // Comes back only when as many threads are inside as the argument says.
-    void meet(void* threadNum)
-    {
-        mInside.increment();
-        while (mInside.get() < static_cast<int>(reinterpret_cast<std::intptr_t>(threadNum)))
-            Thread::yield();
-    }
-
     static void* number(std::intptr_t value) { return reinterpret_cast<void*>(value); }
 
     std::vector<int> mNotes;
     std::map<unsigned int, int> mCalls;
-    Atomic mInside;
 
 private:
     std::mutex mMutex;
-};
-
-// Keeps the unique data of the thread that ran it, and counts its end.
-class UniqueDataJob : public JobSystem::JobBase
-{
-public:
-    UniqueDataJob(Recorder* recorder, int* endNum) : mpRecorder(recorder), mpEndNum(endNum) {}
-    ~UniqueDataJob() override { ++*mpEndNum; }
-
-    void execute(void* uniqueData) override
-    {
-        mpRecorder->note(uniqueData);
-        mpRecorder->meet(Recorder::number(4));
-    }
-
-private:
-    Recorder* mpRecorder;
-    int* mpEndNum;
 };
 }
 
@@ -74,9 +47,7 @@ protected:
 };
 
 using JobSystemOneThreadTest = JobSystemTest;
-using JobSystemFourThreadTest = JobSystemTest;
 INSTANTIATE_TEST_SUITE_P(One, JobSystemOneThreadTest, testing::Values(1u));
-INSTANTIATE_TEST_SUITE_P(Four, JobSystemFourThreadTest, testing::Values(4u));
 INSTANTIATE_TEST_SUITE_P(Threads, JobSystemTest, testing::Values(1u, 2u, 4u, 16u));
 
 TEST_P(JobSystemOneThreadTest, RunsTheQueueInOrderAndDropsJob1025)
@@ -87,24 +58,6 @@ TEST_P(JobSystemOneThreadTest, RunsTheQueueInOrderAndDropsJob1025)
     ASSERT_EQ(mRecorder.mNotes.size(), 1024u);
     for (int i = 0; i < 1024; ++i)
         EXPECT_EQ(mRecorder.mNotes[static_cast<unsigned int>(i)], i);
-}
-
-TEST_P(JobSystemFourThreadTest, RunsFourJobsAtOnceWithTheDataOfTheirThreads)
-{
-    for (unsigned int thread = 0; thread < 6; ++thread)
-        mpJobSystem->setThreadUniqueData(thread, Recorder::number(10 + thread));
-    int endNum = 0;
-    for (int round = 1; round <= 50; ++round)
-    {
-        mRecorder.mInside.set(0);
-        mRecorder.mNotes.clear();
-        for (int i = 0; i < 4; ++i)
-            mpJobSystem->addJob(new UniqueDataJob(&mRecorder, &endNum));
-        mpJobSystem->executeJob();
-        std::sort(mRecorder.mNotes.begin(), mRecorder.mNotes.end());
-        ASSERT_EQ(mRecorder.mNotes, (std::vector<int>{10, 11, 12, 13}));
-        ASSERT_EQ(endNum, 4 * round);
-    }
 }
 
 TEST_P(JobSystemTest, CallsEachIndexOnceHoweverOftenItIsAsked)

@@ -95,11 +95,3 @@ TEST(ThreadTest, RunsBehindItsGateUntilItIsToldToEnd)
         EXPECT_EQ(thread.getStatus(), Thread::Terminated);
     }
 }
-
-TEST(ThreadTest, NeverExecutesWhatWasTerminatedAtTheGate)
-{
-    TestThread thread([](TestThread&) { FAIL(); });
-    thread.terminate();
-    EXPECT_EQ(thread.getStatus(), Thread::Terminating);
-    thread.run();
-}

@@ -5,9 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
-#include <vector>
 
 TEST(UtilsTest, HashesNames)
 {
@@ -42,34 +40,24 @@ TEST(UtilsTest, TakesNamesApart)
         EXPECT_STREQ(Utils::getResourcePath(path).c_str(), name) << (path ? path : "(null)");
 }
 
-class UtilsFileListTest : public testing::Test
+TEST(UtilsTest, ListsFilesWithoutRegardToCaseAndLeavesOutTheWaysUp)
 {
-protected:
-    using List = std::vector<std::unique_ptr<Utils::FileInfo>>;
-
-    List list(const std::string& path)
-    {
-        Vector<Utils::FileInfo> entries;
-        Utils::getFileList(entries, path.c_str());
-        List owned;
-        for (Utils::FileInfo* entry : entries)
-            owned.emplace_back(entry);
-        return owned;
-    }
-
-    TemporaryDirectory mDirectory;
-};
-
-TEST_F(UtilsFileListTest, SortsWithoutRegardToCaseAndLeavesOutTheWaysUp)
-{
+    const TemporaryDirectory directory;
     for (const char* name : {"walk.tga", "Beta", "beta", "Alpha", ".hidden", "zeta"})
-        mDirectory.write(name, "");
+        directory.write(name, "12345");
     std::string names;
-    for (const auto& entry : list(mDirectory.getPath()))
+    Vector<Utils::FileInfo> entries;
+    Utils::getFileList(entries, directory.getPath().c_str());
+    for (Utils::FileInfo* entry : entries)
+    {
         names += std::string(entry->name) + " ";
+        EXPECT_TRUE(entry->size == 5 && !entry->directory);
+        delete entry;
+    }
     EXPECT_EQ(names, ".hidden Alpha Beta beta walk.tga zeta ");
-    EXPECT_TRUE(list(mDirectory / "absent").empty());
-    EXPECT_TRUE(list(mDirectory / "walk.tga").empty());
+    entries.clear();
+    Utils::getFileList(entries, (directory / "absent").c_str());
+    EXPECT_TRUE(entries.empty());
 }
 
 TEST(UtilsPathTest, NamesOnlyWhatStandsDirectlyBelowTheRoot)

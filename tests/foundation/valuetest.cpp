@@ -53,27 +53,6 @@ TEST(sFixedTest, ShiftsProductsArithmeticallyAndWrapsSums)
     EXPECT_NE(sFixed(0.4f), sFixed::Zero);
 }
 
-TEST(sRectTest, Intersects)
-{
-    const sRect rect(10, 20, 30, 40);
-    const std::pair<sRect, sRect> cases[] = {
-        {rect, rect},
-        {{30, 20, 50, 40}, sRect::Zero},
-        {{10, 40, 30, 60}, sRect::Zero},
-        {{100, 100, 200, 200}, sRect::Zero},
-        {{0, 0, 20, 30}, {10, 20, 20, 30}},
-        {{15, 25, 16, 26}, {15, 25, 16, 26}},
-        {sRect::Max, rect},
-    };
-    for (const auto& [other, common] : cases)
-        EXPECT_TRUE((rect & other) == common && (other & rect) == common);
-    EXPECT_EQ(sRect(-2147483647 - 1, 0, 2147483647, 5).getWidth(), 0xFFFFFFFFu);
-    const sPoint wrapped = sPoint(2147483647, -1) + sPoint(1, 1);
-    EXPECT_EQ(wrapped, sPoint(-2147483647 - 1, 0));
-    EXPECT_EQ(wrapped - sPoint(1, 1), sPoint(2147483647, -1));
-    EXPECT_EQ(sRect(wrapped.x, 0, 1, 2) + sPoint(-1, 1), sRect(2147483647, 1, 0, 3));
-}
-
 TEST(TrigonometricalFunctionTest, FollowsTheSineAllAround)
 {
     TrigonometricalFunction::initialize();

@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
-#include <sys/resource.h>
+#include <tuple>
 
 namespace
 {
@@ -66,30 +64,4 @@ TEST(XmlWriterTest, KnowsWhetherTheReaderWillTakeTheDocument)
     EXPECT_FALSE(writer.isReadable());
 }
 
-#ifndef CELLWRIGHT_SANITIZED
-// The child runs into a limit of its memory; whoever walks the objects meanwhile still comes to an end.
-TEST(XmlWriterTest, GivesATreeUpThatOutgrowsTheMemory)
-{
-    const auto fill = []
-    {
-        const rlimit limit{256 * 1024 * 1024, 256 * 1024 * 1024};
-        setrlimit(RLIMIT_AS, &limit);
-        XmlWriter writer("Root");
-        std::vector<ObjectBase> objects(1000);
-        for (unsigned int i = 0; i < 20000000 && writer.isReadable(); ++i)
-            writer.addAttribute("name", std::to_string(i).c_str());
-        for (unsigned int i = 0; i < 1000; ++i)
-        {
-            writer.openTag("tag");
-            writer.addAttribute("name", "value");
-            writer.registerObject(&objects[i], writer.getIdentity(&objects[i]));
-        }
-        for (unsigned int i = 0; i < 1000; ++i)
-            writer.closeTag();
-        const bool given = !writer.isReadable() && print(writer).empty();
-        _exit(given ? 0 : 1);
-    };
-    EXPECT_EXIT(fill(), testing::ExitedWithCode(0), "XmlWriter : Not enough memory, document given up.\n$");
-}
-#endif
 }

@@ -60,29 +60,6 @@ protected:
     ~ObjectListTest() override { EXPECT_EQ(sLive, 0); }
 };
 
-TEST_F(ObjectListTest, OwnsUnstableContentsOnly)
-{
-    TestList stable(true);
-    stable.setObject(stable.mLast);
-    EXPECT_EQ(stable.numbers(), "303");
-    stable.setCount(2);
-    EXPECT_EQ(stable.numbers(), "00");
-    delete stable.mFirst;
-    delete stable.mLast;
-
-    TestList owning(false);
-    owning.setObject(owning.mFirst);
-    EXPECT_EQ(owning.getObject(), owning.mFirst) << "setting what is there already";
-    owning.setObject(new TestItem(2));
-    EXPECT_EQ(owning.numbers(), "203");
-    EXPECT_EQ(sLive, 2) << "the old one is gone";
-    owning.remove(owning.mLast);
-    delete owning.mLast;
-    owning.setCount(2);
-    EXPECT_EQ(sLive, 0);
-    owning.addLast(new TestItem);
-}
-
 TEST_F(ObjectListTest, StableContentsAreNeverReadBack)
 {
     TestList list(true);

@@ -44,38 +44,6 @@ std::string textOf(T value)
 }
 }
 
-template <typename T>
-class PropertyTest : public testing::Test
-{
-public:
-    T get() const { return mValue; }
-    void set(T value) { mValue = value; }
-
-    T mValue = makeValue<T>(1);
-};
-
-TYPED_TEST_SUITE(PropertyTest, AsTestTypes<ValueTypes>::Types);
-
-TYPED_TEST(PropertyTest, ReachesElementsOfAnArrayOrTheOneValueOfItsOwner)
-{
-    const TypeParam odd = makeValue<TypeParam>(5);
-    const TypeParam even = makeValue<TypeParam>(8);
-    TypeParam values[3] = {odd, even, odd};
-    ReferenceProperty<TypeParam> property("values", values, 3);
-    PropertyBase& base = property;
-    property.setIndex(1);
-    EXPECT_TRUE(static_cast<TypeParam>(base) == even && base.getByType<TypeParam>(2) == odd);
-    base = odd;
-    base.setByType(even, 0);
-    EXPECT_TRUE(values[0] == even && values[1] == odd && values[2] == odd);
-
-    using Fixture = PropertyTest<TypeParam>;
-    IndirectProperty<TypeParam> indirect("value", static_cast<Fixture*>(this), &Fixture::get, &Fixture::set, 3);
-    indirect.set(even, 2);
-    EXPECT_TRUE(this->mValue == even && indirect.get(0) == even && indirect.getCount() == 3);
-    EXPECT_TRUE(property.getPointer() == values && !indirect.getPointer());
-}
-
 TEST(Property, WritesAllIntegersAsSignedWords)
 {
     EXPECT_EQ(textOf(3078513395u), "-1216453901");

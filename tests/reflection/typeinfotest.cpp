@@ -1,24 +1,8 @@
 #include "reflection/typeinfo.h"
 
 #include "reflection/objectbase.h"
-#include "reflection/reflect.h"
 
 #include <gtest/gtest.h>
-
-#include <memory>
-
-class TestPlain : public ObjectBase
-{
-    REFLECTED(TestPlain)
-};
-
-class TestAbstract : public ObjectBase
-{
-    REFLECTED(TestAbstract)
-};
-
-REFLECT(TestPlain, eTypeAttribute::None, "ObjectBase");
-REFLECT(TestAbstract, eTypeAttribute::Abstract, "TestPlain");
 
 namespace
 {
@@ -47,19 +31,6 @@ TEST(TypeInfo, LinksRecordsWhateverTheirOrderIs)
 
     EXPECT_EQ(sParent.getOffshoot(), &sThird) << "newest first";
     EXPECT_TRUE(sThird.getLoop() == &sSecond && sSecond.getLoop() == &sFirst && !sFirst.getLoop());
-}
-
-TEST(TypeInfo, FindsRecordsByIdAndByName)
-{
-    for (unsigned int i = 0; i < TypeInfo::getDataBaseSize(); ++i)
-    {
-        const TypeInfo* record = TypeInfo::getTypeInfo(i);
-        EXPECT_EQ(TypeInfo::find(record->getID()), record) << record->getName();
-        EXPECT_EQ(TypeInfo::find(record->getName()), record);
-        EXPECT_EQ(TypeInfo::findForeign(record->getName()), record);
-    }
-    EXPECT_EQ(TypeInfo::find("TestNobody"), nullptr);
-    EXPECT_EQ(TypeInfo::findForeign(TwinName), nullptr);
 }
 
 TEST(TypeInfoDeathTest, StopsOnCollisionsAndWithoutItsDatabase)
