@@ -113,25 +113,6 @@ TEST_F(DrawAnimationTest, DrawsACellAroundItsPosition)
     EXPECT_EQ(draw(), Lines());
 }
 
-TEST_F(DrawAnimationTest, TurnsAndMovesTheWhole)
-{
-    place(get<AnimCell>(mSequencer, 0), {0, -1});
-    mSequencer.setPosition({5, 7});
-    const std::string plain = "outer -5,1:3,4 15,1:23,4 -5,11:3,14 15,11:23,14";
-    const std::string quarter = "outer 11,-3:3,4 11,17:23,4 1,-3:3,14 1,17:23,14";
-    const std::pair<int, std::string> rows[] = {
-        {0, plain}, {256, quarter}, {128, "outer 2,-5:3,4 16,9:23,4 -5,2:3,14 9,16:23,14"}};
-    for (const auto& [orientation, line] : rows)
-    {
-        mSequencer.setOrientation(orientation);
-        EXPECT_EQ(draw(), Lines{line}) << orientation;
-    }
-    mSequencer.setOrientation(512);
-    EXPECT_EQ(draw(), Lines{plain}) << "half a turn turns nothing";
-    mSequencer.setOrientation(768);
-    EXPECT_EQ(draw(), Lines{quarter}) << "and three quarters are like one";
-}
-
 TEST_F(DrawAnimationTest, CarriesTransformAndTextureOfEachAnimation)
 {
     AnimSequencer& nested = get<AnimSequencer>(mSequencer, 1);

@@ -27,44 +27,14 @@ TEST_F(DrawContextTest, BatchesVerticesUntilTheStateChanges)
     addQuad();
     mContext->setBlendMode(eBlendMode::Alpha);
     addQuad();
+    mContext->setBlendMode(eBlendMode::Opaque);
+    mContext->setBlendMode(eBlendMode::Alpha);
+    addQuad();
     const auto commands = recorded();
-    ASSERT_EQ(commands.size(), 2u);
+    ASSERT_EQ(commands.size(), 3u) << "a setter ends the batch even if the former value comes back";
     const auto* first = static_cast<const sDrawCommand*>(commands[0]);
     EXPECT_EQ(first->state.vertexNum, 8u);
     EXPECT_EQ(first->state.getBlendMode(), eBlendMode::Opaque) << "the state of the vertices, not the later one";
-    EXPECT_EQ(first->scissor, mSystem->getWindowRect());
-}
-
-TEST_F(DrawContextTest, EverySetterEndsTheBatchEvenIfTheFormerValueComesBack)
-{
-    Texture* texture = new Texture(8, 8, false, nullptr);
-    const sRect small(1, 2, 3, 4);
-    const sRect window = mSystem->getWindowRect();
-    using Change = void (*)(DrawContext & context, Texture * other, const sRect& rect, bool back);
-    constexpr Change changes[] = {
-        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setView(back ? 0 : 1); },
-        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setDrawLevel(0, back ? 0 : 1); },
-        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setBlendMode(eBlendMode(back ? 0 : 1)); },
-        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setVertexDecl(eVertexDecl(back ? 0 : 1)); },
-        [](DrawContext& c, Texture* other, const sRect&, bool back) { c.setTexture(back ? nullptr : other); },
-        [](DrawContext& c, Texture* other, const sRect&, bool back) { c.setRenderTarget(back ? nullptr : other); },
-        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setTextureFiltering(eTextureFiltering(back)); },
-        [](DrawContext& c, Texture*, const sRect&, bool back) { c.setTextureCombineMode(eTextureCombineMode(!back)); },
-        [](DrawContext& c, Texture*, const sRect& rect, bool) { c.setViewport(rect); },
-        [](DrawContext& c, Texture*, const sRect& rect, bool) { c.setScissorRect(rect); },
-        [](DrawContext& c, Texture*, const sRect& rect, bool) { c.setProjectionRect(rect); },
-    };
-    addQuad();
-    for (Change change : changes)
-    {
-        change(*mContext, texture, window, true);
-        addQuad();
-        change(*mContext, texture, small, false);
-        change(*mContext, texture, window, true);
-        addQuad();
-    }
-    EXPECT_EQ(recorded().size(), 1 + std::size(changes)) << "a value that is there already changes nothing";
-    texture->release();
 }
 
 TEST_F(DrawContextTest, MakesTheKeyOfViewLevelAndSubLevel)
@@ -84,32 +54,6 @@ TEST_F(DrawContextTest, MakesTheKeyOfViewLevelAndSubLevel)
     }
     mContext->setView(4);
     EXPECT_EQ(mContext->getState().key, 0x40020000u) << "a new view keeps the levels";
-}
-
-TEST_F(DrawContextTest, FormatsVerticesForTheLibrary)
-{
-    const sVector position(sFixed(-1.5f), sFixed(2.25f));
-    for (ePrimitiveType type :
-         {ePrimitiveType::Points, ePrimitiveType::Lines, ePrimitiveType::Triangles, ePrimitiveType::Quads})
-    {
-        auto* source = static_cast<sPlainVertex*>(mContext->allocateVertices(type, 12));
-        source[11] = {position, sColor(1, 2, 3, 4)};
-        const sDrawCommand& command = static_cast<const sDrawCommand&>(*recorded().back());
-        const auto* vertex = static_cast<const sPlainDeviceVertex*>(command.vertices) + 11;
-        const float offset = type == ePrimitiveType::Points || type == ePrimitiveType::Lines ? 0.5f : 0.0f;
-        EXPECT_TRUE(vertex->x == -1.5f + offset && vertex->y == 2.25f + offset && vertex->z == 0);
-        EXPECT_EQ(vertex->color, sColor(1, 2, 3, 4));
-        mSystem->preprocess();
-        mContext = mSystem->popContext();
-    }
-
-    mContext->setVertexDecl(eVertexDecl::Textured);
-    *static_cast<sTexturedVertex*>(mContext->allocateVertices(ePrimitiveType::Lines, 1)) = {position, sColor::Red, -7,
-                                                                                            300};
-    const sDrawCommand& command = static_cast<const sDrawCommand&>(*recorded().back());
-    const auto* vertex = static_cast<const sTexturedDeviceVertex*>(command.vertices);
-    EXPECT_EQ(vertex->x, -1.5f) << "what has a texture is not moved";
-    EXPECT_TRUE(vertex->s == -7 && vertex->t == 300);
 }
 
 TEST_F(DrawContextTest, PlacesVerticesByMultiplesOfTheirStride)
