@@ -19,18 +19,8 @@ void SequenceProbe::makeControlList(List<ControlBase>& list)
         new IndirectResourceProperty("resource", this, &SequenceProbe::getResource, &SequenceProbe::setResource),
         ResourceBase::getStaticTypeInfo()));
 
-    const auto addTrigger = [&]<typename T>(const char* name)
-    {
-        list.addLast(new TriggerControl<T>(name, this, &SequenceProbe::note<T>));
-    };
     list.addLast(new TriggerControl<void>("fire_void", this, &SequenceProbe::noteVoid));
-    addTrigger.operator()<bool>("fire_bool");
-    addTrigger.operator()<unsigned char>("fire_u8");
-    addTrigger.operator()<short>("fire_s16");
-    addTrigger.operator()<unsigned int>("fire_u32");
-    addTrigger.operator()<long long>("fire_s64");
-    addTrigger.operator()<double>("fire_f64");
-    list.addLast(new TriggerControl<sFixed>("fire_fixed", this, &SequenceProbe::noteFixed));
+    list.addLast(new TriggerControl<unsigned int>("fire_u32", this, &SequenceProbe::note));
 }
 
 TestSequence::TestSequence(unsigned int start, unsigned int end)

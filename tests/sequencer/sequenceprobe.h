@@ -21,7 +21,7 @@ struct AsTuple<TypeList<Ts...>>
 };
 
 // Something to be driven: it has a property of each plain type, named after it, a resource that nobody sets, and
-// triggers of several arguments. What the triggers bring is noted.
+// triggers. What the triggers bring is noted.
 class SequenceProbe : public ObjectBase
 {
     REFLECTED(SequenceProbe)
@@ -47,12 +47,7 @@ private:
     ResourceBase* getResource() const { return nullptr; }
     void setResource(ResourceBase*) {}
 
-    template <typename T>
-    void note(T value)
-    {
-        mFired += std::to_string(static_cast<long long>(static_cast<double>(value))) + " ";
-    }
-    void noteFixed(sFixed value) { note(static_cast<int>(value)); }
+    void note(unsigned int value) { mFired += std::to_string(value) + " "; }
     void noteVoid() { mFired += "void "; }
 
     AsTuple<ValueTypes>::Values mValues{};

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace
 {
 constexpr eMarkerType JumpTarget = eMarkerType::JumpTarget;
@@ -174,27 +172,6 @@ TEST_F(PlaybackTest, FiresTriggersAheadUntilTheHeadIsThere)
         sought.push_back(sequencer.getProbe().takeFired());
     }
     EXPECT_EQ(sought, (Lines{"3 ", "3 ", "", "6 ", ""}));
-}
-
-TEST_F(PlaybackTest, HandsTriggersTheArgumentOfTheirType)
-{
-    const std::tuple<const char*, std::array<unsigned char, 8>, const char*> rows[] = {
-        {"fire_void", {1}, "void "},
-        {"fire_bool", {1}, "1 "},
-        {"fire_u8", {254}, "254 "},
-        {"fire_s16", {0xFD, 0xFF}, "-3 "},
-        {"fire_s64", {0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF}, "-4294967296 "},
-        {"fire_f64", {0, 0, 0, 0, 0, 0, 0x10, 0xC0}, "-4 "},
-        {"fire_fixed", {0, 0, 7, 0}, "7 "}};
-    for (const auto& [name, value, fired] : rows)
-    {
-        TestSequence sequence;
-        sequence.addProbeLane(name);
-        sequence.addKey("T", name, 0, Trigger);
-        sequence.setKeyParameter("T", name, 0, value.data());
-        TestPlayer sequencer(sequence);
-        EXPECT_EQ(sequencer.getProbe().takeFired(), fired) << name;
-    }
 }
 
 TEST_F(PlaybackTest, GoesOnByOneKeyAtLeast)

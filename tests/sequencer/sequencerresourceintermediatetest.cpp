@@ -3,12 +3,9 @@
 #include "sequencer/sequencerkey.h"
 #include "sequencer/sequencerlane.h"
 #include "sequencer/sequencermarker.h"
-#include "sequencer/sequencertrack.h"
 #include "tests/sequencer/sequenceprobe.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace
 {
@@ -16,24 +13,14 @@ using Sequence = SequencerResourceIntermediate;
 
 constexpr eInterpolateType Linear = eInterpolateType::Linear;
 
-// "T{u8[10A 20B] point[]} U{} M@5": tracks, lanes, keys with their value, markers with their frame.
+// The keys of the lane with their value, and the markers with their frame.
 std::string describe(const Sequence& sequence)
 {
     std::string text;
-    for (ObjectBase* track : sequence.getTrackList())
-    {
-        text += static_cast<SequencerTrack*>(track)->getTrackName().c_str() + std::string("{ ");
-        for (ObjectBase* object : static_cast<SequencerTrack*>(track)->getLaneList())
-        {
-            const SequencerLane* lane = static_cast<SequencerLane*>(object);
-            text += lane->getControlName().c_str() + std::string("[ ");
-            for (ObjectBase* key : lane->getKeyList())
-                text += std::to_string(static_cast<SequencerKey*>(key)->getFrame()) +
-                        *static_cast<char*>(static_cast<SequencerKey*>(key)->getParameter()) + " ";
-            text += "] ";
-        }
-        text += "} ";
-    }
+    if (const SequencerLane* lane = sequence.findLane("T", "u8"))
+        for (ObjectBase* key : lane->getKeyList())
+            text += std::to_string(static_cast<SequencerKey*>(key)->getFrame()) +
+                    *static_cast<char*>(static_cast<SequencerKey*>(key)->getParameter()) + " ";
     for (ObjectBase* marker : sequence.getMarkerList())
         text += static_cast<SequencerMarker*>(marker)->getMarkerName().c_str() +
                 ("@" + std::to_string(static_cast<SequencerMarker*>(marker)->getFrame())) + " ";
@@ -60,68 +47,6 @@ std::string describeRecords(const Sequence& sequence)
 }
 }
 
-TEST(SequenceEdit, ChangesTreeAndRecordsAndMarksOnlyWhatChanges)
-{
-    TestSequence sequence;
-    TypeInfo* const type = SequenceProbe::getStaticTypeInfo();
-    // An edit and its result, null where nothing changes.
-    const std::pair<std::function<void()>, const char*> rows[] = {
-        {[&] { sequence.addTrack(type, AutoString()); }, nullptr},
-        {[&] { sequence.addTrack(type, "U"); }, "T{ } U{ } "},
-        {[&] { sequence.addTrack(TypeInfo::find("AnimCell"), "V"); }, "T{ } U{ } V{ } "},
-        {[&] { sequence.moveTrackForward("V"); }, "T{ } V{ } U{ } "},
-        {[&] { sequence.moveTrackBackward("T"); }, "V{ } T{ } U{ } "},
-        {[&] { sequence.moveTrackToFirst("U"); }, "U{ } V{ } T{ } "},
-        {[&] { sequence.moveTrackToFirst("U"); }, nullptr},
-        {[&] { sequence.moveTrackToLast("V"); }, "U{ } T{ } V{ } "},
-        {[&] { sequence.removeTrack("nobody"); }, nullptr},
-        {[&] { sequence.removeTrack("V"); }, "U{ } T{ } "},
-        {[&] { sequence.removeTrack("U"); }, "T{ } "},
-        {[&] { sequence.addProbeLane("u8"); }, "T{ u8[ ] } "},
-        {[&] { sequence.addProbeLane("u8"); }, nullptr},
-        {[&] { sequence.addProbeLane("s8"); }, "T{ u8[ ] s8[ ] } "},
-        {[&] { sequence.addProbeLane("fire_void"); }, "T{ u8[ ] s8[ ] fire_void[ ] } "},
-        {[&] { sequence.moveLaneForward("T", "s8"); }, "T{ s8[ ] u8[ ] fire_void[ ] } "},
-        {[&] { sequence.moveLaneToLast("T", "u8"); }, "T{ s8[ ] fire_void[ ] u8[ ] } "},
-        {[&] { sequence.moveLaneToFirst("T", "u8"); }, "T{ u8[ ] s8[ ] fire_void[ ] } "},
-        {[&] { sequence.moveLaneBackward("T", "s8"); }, "T{ u8[ ] fire_void[ ] s8[ ] } "},
-        {[&] { sequence.removeLane("T", "s8"); }, "T{ u8[ ] fire_void[ ] } "},
-        {[&] { sequence.removeLane("T", "s8"); }, nullptr},
-        {[&] { sequence.removeLane("T", "fire_void"); }, "T{ u8[ ] } "},
-        {[&] { setKey(sequence, 30, 'C'); }, "T{ u8[ 30C ] } "},
-        {[&] { setKey(sequence, 10, 'A'); }, "T{ u8[ 10A 30C ] } "},
-        {[&] { sequence.addKey("T", "u8", 10, Linear); }, nullptr},
-        {[&] { setKey(sequence, 4196, 'Z'); }, "T{ u8[ 10A 30C 4196Z ] } "},
-        {[&] { sequence.setKeyInterpolateType("T", "u8", 30, eInterpolateType::Hermite); },
-         "T{ u8[ 10A 30C 4196Z ] } "},
-        {[&] { sequence.removeKey("T", "u8", 20); }, nullptr},
-        {[&] { sequence.removeKey("T", "u8", 10); }, "T{ u8[ 30C 4196Z ] } "},
-        {[&] { sequence.removeAllKey("T", "u8"); }, "T{ u8[ ] } "},
-        {[&] { sequence.removeAllLane("T"); }, "T{ } "},
-        {[&] { sequence.addMarker("M", 9); }, "T{ } M@9 "},
-        {[&] { sequence.addMarker("N", 5); }, "T{ } N@5 M@9 "},
-        {[&] { sequence.setMarkerName("N", "M"); }, nullptr},
-        {[&] { sequence.setMarkerName("N", "O"); }, "T{ } O@5 M@9 "},
-        {[&] { sequence.removeMarker("O"); }, "T{ } M@9 "},
-        {[&] { sequence.removeAllMarker(); }, "T{ } "},
-        {[&] { sequence.setEndFrame(4095); }, nullptr},
-        {[&] { sequence.removeTrack("T"); }, ""},
-    };
-    for (const auto& [edit, result] : rows)
-    {
-        sequence.clearModify();
-        const std::string before = describe(sequence);
-        edit();
-        EXPECT_EQ(describe(sequence), result ? result : before);
-        EXPECT_EQ(sequence.isModified(), result != nullptr) << before;
-        EXPECT_TRUE(sequence.isConsistent()) << before;
-    }
-    EXPECT_EQ(sequence.getTrackArray(), nullptr);
-    EXPECT_EQ(SequencerResource().getEndFrame(), 120u);
-    sequence.removeAll();
-    EXPECT_TRUE(sequence.getEndFrame() == 0 && sequence.getFPS() == 60 && sequence.isModified());
-}
-
 // A move to an earlier place keeps tree and records in step; one to a later place overwrites the record there, and
 // the record of a marker keeps its frame.
 TEST(SequenceEdit, MovesWithTheAsymmetryOfTheRecords)
@@ -139,7 +64,7 @@ TEST(SequenceEdit, MovesWithTheAsymmetryOfTheRecords)
         TestSequence keys;
         keys.addKeys<unsigned char>({{10, 'A'}, {20, 'B'}, {30, 'C'}});
         keys.moveKey("T", "u8", from, to);
-        EXPECT_EQ(describe(keys), "T{ u8[ " + std::string(keyList) + "] } ");
+        EXPECT_EQ(describe(keys), keyList);
         EXPECT_EQ(describeRecords(keys), keyRecords);
         EXPECT_EQ(keys.isConsistent(), std::string(keyList) == keyRecords);
 
