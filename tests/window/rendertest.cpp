@@ -124,19 +124,6 @@ TEST_F(RenderTest, FillsExactlyThePixelsOfItsPrimitives)
     EXPECT_TRUE(isNear(pixel(118, 28), Background));
 }
 
-TEST_F(RenderTest, CutsAtScissorAndViewportAndMovesByTheProjection)
-{
-    mContext->setScissorRect(sRect(5, 6, 15, 16));
-    addQuad(sRect(0, 0, 100, 100), sColor::Red);
-    mContext->setScissorRect(mSystem->getWindowRect());
-    mContext->setViewport(sRect(200, 100, 300, 150));
-    mContext->setProjectionRect(sRect(1000, 1000, 1100, 1050));
-    addQuad(sRect(990, 1010, 1200, 1020), sColor::Blue);
-    show();
-    expectFilled(sRect(5, 6, 15, 16), sColor::Red);
-    expectFilled(sRect(200, 110, 300, 120), sColor::Blue);
-}
-
 TEST_F(RenderTest, MixesByTheBlendMode)
 {
     constexpr std::pair<eBlendMode, sColor> cases[] = {
@@ -156,26 +143,6 @@ TEST_F(RenderTest, MixesByTheBlendMode)
     show();
     for (int i = 0; i < 6; ++i)
         expectFilled(sRect(10 + i * 20, 10, 18 + i * 20, 18), cases[i].second);
-}
-
-TEST_F(RenderTest, DrawsTexturesFromAnyThreadUprightAndTinted)
-{
-    const Held<Texture> own(new Texture(2, 2, false, Texels));
-    Held<Texture> foreign;
-    std::thread([&] { foreign.reset(new Texture(2, 2, false, std::vector<sColor>(Texels, Texels + 4).data())); })
-        .join();
-    addTexturedQuad(own.get(), sRect(10, 10, 26, 26), 2, 2);
-    addTexturedQuad(foreign.get(), sRect(40, 10, 56, 26), 2, 2);
-    addQuad(sRect(70, 10, 86, 26), sColor::White);
-    show();
-    expectTexels(10, 10, Texels);
-    expectTexels(40, 10, Texels);
-    expectFilled(sRect(70, 10, 86, 26), sColor::White);
-
-    mContext->setTextureCombineMode(eTextureCombineMode::Add);
-    addTexturedQuad(own.get(), sRect(10, 10, 26, 26), 2, 2);
-    show();
-    EXPECT_TRUE(isNear(pixel(12, 12), sColor::White)) << "red and white";
 }
 
 TEST_F(RenderTest, WhatIsDrawnIntoATargetStandsUprightAsATexture)

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include <unistd.h>
 
@@ -17,7 +15,7 @@ constexpr unsigned int Width = 320;
 constexpr unsigned int Height = 240;
 }
 
-// A real window. xdotool presses keys and buttons on it; the window lies at (100, 100).
+// A real window.
 class SDLPlatformWindowTest : public testing::Test
 {
 protected:
@@ -25,12 +23,7 @@ protected:
     {
         ASSERT_TRUE(Platform::create(ePlatform::SDL));
         ASSERT_TRUE(platform().openWindow(getTitle().c_str(), Width, Height));
-        ASSERT_TRUE(
-            platform().installMouseHandler([](const sMouseEvent& event, void* userData)
-                                           { static_cast<SDLPlatformWindowTest*>(userData)->mEvents.push_back(event); },
-                                           this));
         pump();
-        mEvents.clear();
     }
 
     void TearDown() override { Platform::destroy(); }
@@ -59,35 +52,6 @@ protected:
         platform().runEventLoop();
     }
 
-    // Each command is one of xdotool's. Waits for so many events of all of them together.
-    void press(std::initializer_list<const char*> commands, std::size_t eventNum)
-    {
-        mEvents.clear();
-        for (const char* command : commands)
-        {
-            ASSERT_EQ(std::system(("xdotool " + std::string(command)).c_str()), 0);
-            pump();
-        }
-        pump([&] { return mEvents.size() >= eventNum; });
-    }
-
-    std::string describe() const
-    {
-        std::string text;
-        for (const sMouseEvent& event : mEvents)
-        {
-            text += std::to_string(static_cast<unsigned int>(event.kind)) + "@" + std::to_string(event.x) + "," +
-                    std::to_string(event.y);
-            if (event.button)
-                text += " button " + std::to_string(event.button);
-            if (event.kind == eMouseEvent::Wheel)
-                text += " axis " + std::to_string(event.axis) + " by " + std::to_string(event.amount);
-            text += "; ";
-        }
-        return text;
-    }
-
-    std::vector<sMouseEvent> mEvents;
     std::function<bool()> mDone;
     std::uint64_t mDeadline = 0;
 };
@@ -100,18 +64,6 @@ TEST_F(SDLPlatformWindowTest, HasAContextAndLeavesTheLocaleAlone)
     platform().closeWindow();
     EXPECT_FALSE(platform().hasGraphics());
     EXPECT_FALSE(platform().installTimer([](void*) {}, nullptr));
-}
-
-TEST_F(SDLPlatformWindowTest, TranslatesButtonsTheWheelAndDragsThatLeaveTheWindow)
-{
-    press({"mousemove 110 120", "mousedown 1", "mousemove 90 500", "mouseup 1"}, 4);
-    EXPECT_EQ(describe(), "5@10,20; 1@10,20 button 1; 6@-10,400; 2@-10,400 button 1; ");
-    press({"mousemove 110 120", "click 4", "click 5"}, 5);
-    EXPECT_EQ(describe(), "5@10,20; 10@10,20 axis 0 by 0; 10@10,20 axis 1 by 1; "
-                          "10@10,20 axis 0 by 0; 10@10,20 axis 1 by -1; ")
-        << "each turn is an event for each axis";
-    press({"click 3", "click 2"}, 4);
-    EXPECT_EQ(describe(), "1@10,20 button 2; 2@10,20 button 2; 1@10,20 button 3; 2@10,20 button 3; ");
 }
 
 TEST_F(SDLPlatformWindowTest, TheCloseBoxAsksTheQuitHandler)
