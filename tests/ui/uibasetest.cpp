@@ -9,7 +9,7 @@ namespace
 {
 using Element = Probe<UIBase>;
 
-// An element that paints its own rectangle.
+// An element of a rectangle.
 struct Patch : UIBase
 {
     explicit Patch(const sRect& rect, unsigned int attribute = 0) : UIBase(attribute)
@@ -17,8 +17,6 @@ struct Patch : UIBase
         setPosition({rect.left, rect.top});
         setSize({rect.getWidth(), rect.getHeight()});
     }
-
-    void eventPaint(UIPainter* painter) override { painter->drawRect(getOwnRegion(), sColor::Red); }
 };
 
 constexpr unsigned int Floating = UIBase::FloatingElement;
@@ -52,57 +50,6 @@ protected:
     ProbeLog mLog;
     Element mRoot{mLog, "root"};
 };
-
-TEST_F(UIBaseTest, OwnsItsChildrenUntilTheyLeave)
-{
-    Element* a = add(mRoot, "a");
-    Element* b = add(*a, "b");
-    Element* c = add(mRoot, "c");
-    b->setFindKey(&mLog);
-    c->setFindKey(&mLog);
-    EXPECT_EQ(mRoot.findKey(c), nullptr);
-    EXPECT_EQ(mRoot.find(b), b);
-    EXPECT_EQ(c->find(b), nullptr);
-    EXPECT_EQ(mRoot.findKey(&mLog), b) << "a child before a later sibling of its parent";
-
-    b->remove();
-    b->remove();
-    EXPECT_EQ(b->getParent(), nullptr);
-    EXPECT_EQ(mRoot.find(b), nullptr);
-    delete b;
-    add(*a, "d");
-    mRoot.removeChildren();
-    EXPECT_EQ(take(), "b.gone a.gone d.gone c.gone");
-}
-
-TEST_F(UIBaseTest, ChangesOfStateCallTheirHookOnce)
-{
-    EXPECT_EQ(mRoot.getStatus(), 24u) << "visible and enabled";
-    for (int i = 0; i < 2; ++i)
-        mRoot.hide(), mRoot.disable(), mRoot.active(), mRoot.focus(), mRoot.create();
-    EXPECT_EQ(take(), "root.hide root.disable root.active root.focus root.create");
-    EXPECT_EQ(mRoot.getStatus(), 7u);
-    for (int i = 0; i < 2; ++i)
-        mRoot.show(), mRoot.enable(), mRoot.deactive(), mRoot.defocus();
-    EXPECT_EQ(take(), "root.show root.enable root.deactive root.defocus");
-    EXPECT_EQ(mRoot.getStatus(), 25u) << "created for good";
-}
-
-TEST_F(UIBaseTest, RaisesEachAxisToTheMinimumAndCallsNoHookWithinItself)
-{
-    struct Restless : UIBase
-    {
-        void eventMove() override { setPosition({++mMoveNum, 5}); }
-        void eventSize() override { setSize({3, 60}); }
-        int mMoveNum = 0;
-    } restless;
-    restless.setMinimumSize({10, 20});
-    EXPECT_EQ(restless.getSize(), sSize::Zero) << "the minimum holds from the next change on";
-    restless.setSize({50, 50});
-    restless.setPosition({8, 8});
-    restless.setPosition({8, 8});
-    EXPECT_EQ(restless.getRelRegion(), sRect(2, 5, 12, 65));
-}
 
 TEST_F(UIBaseTest, LaysChildrenOutWithinWhatIsVisibleOfTheParent)
 {
@@ -158,23 +105,6 @@ TEST_F(UIBaseTest, FindsTheDeepestElementUnderAPoint)
     EXPECT_EQ(mRoot.intersect({12, 12}, sRect::Max), lower);
 }
 
-TEST_F(UIBaseTest, BroadcastsReachTheTreeInOrderAlsoWhereItIsHidden)
-{
-    Element* a = add(mRoot, "a");
-    Element* b = add(*a, "b");
-    add(mRoot, "c");
-    a->hide();
-    take();
-    mRoot.sendMessage(UICreateMessage());
-    mRoot.sendMessage(UITimerMessage(1.0f));
-    mRoot.sendMessage(UIEnableMessage());
-    EXPECT_EQ(take(), "root.create a.create b.create c.create");
-    EXPECT_EQ(b->mTimerNum, 1u);
-    mRoot.sendMessage(UIMessage(6u, false));
-    mRoot.sendMessage(UIMessage(28u, true));
-    EXPECT_EQ(take(), "root.custom:6 root.custom:28 a.custom:28 b.custom:28 c.custom:28");
-}
-
 TEST_F(UIBaseTest, DelegatedMessagesRiseAsTheyAre)
 {
     Element* middle = add(mRoot, "middle");
@@ -226,30 +156,4 @@ TEST_F(UIBaseTest, DragsFromThePressToTheEndOfTheRelease)
     mRoot.sendMessage(UIMouseDoubleClickMessage({0, 0}, 1));
     EXPECT_TRUE(mRoot.isDragging());
     EXPECT_EQ(mRoot.getDragAmount(), sPoint(-10, 20)) << "the amount of the last drag stays until the first move";
-}
-
-TEST_F(UIBaseTest, PaintsWhatIsVisibleWithFloatingElementsOneLevelHigher)
-{
-    HeadlessSystems systems;
-    Patch root({100, 100, 150, 150});
-    Patch* inner = addPatch(root, {40, 40, 60, 60});
-    Patch* outer = addPatch(root, {60, 0, 70, 10});
-    Patch* floating = addPatch(*outer, {0, 0, 10, 40}, Floating);
-    addPatch(*floating, {5, 5, 8, 8});
-    const auto paint = [&]
-    {
-        std::string picture;
-        for (const sRecordedDraw& draw : runFrame(systems, root))
-            picture += std::to_string(draw.command.key & 0xFFFF) + "@" +
-                       std::to_string(static_cast<int>(draw.vertices[0].x)) + "/" +
-                       std::to_string(draw.command.scissor.getWidth()) + " ";
-        return picture;
-    };
-    EXPECT_EQ(paint(), "0@100/50 0@140/10 0@165/3 1@160/10 ") << "level, left edge and width of the scissor";
-    floating->hide();
-    inner->hide();
-    EXPECT_EQ(paint(), "0@100/50 ");
-    floating->show();
-    root.hide();
-    EXPECT_EQ(paint(), "") << "nor what floats in a hidden one";
 }

@@ -1,11 +1,9 @@
 #include "ui/uimessagedialog.h"
 
-#include "tests/support/elements.h"
 #include "tests/support/headlessinterface.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <tuple>
 
 namespace
@@ -90,20 +88,4 @@ TEST_F(UIDialogTest, ForgetsAReceiverThatHasDied)
         dialog->close();
     EXPECT_EQ(mAnswers.size(), 1u);
     ask(new sMortal)->close();
-}
-
-TEST(UIMessageDialogTest, ShowsItsMessageInTheMiddleOfTheScreen)
-{
-    HeadlessSystems systems;
-    sMortal* receiver = nullptr;
-    UIMessageDialog dialog("", "0123456789", eButtons::Ok, receiver, &sMortal::receive);
-    EXPECT_EQ(UIDialog(0, true, true, true, "", eButtons::Ok, receiver, &sMortal::receive, &dialog).getOwnerWindow(),
-              &dialog);
-    EXPECT_EQ(dialog.getOwnerWindow(), nullptr);
-    EXPECT_EQ(dialog.getRelRegion(), sRect(466, 336, 558, 432));
-    const std::vector<sRecordedDraw> draws = runFrame(systems, dialog);
-    const auto text = std::ranges::find(draws, "0123456789", getText);
-    ASSERT_NE(text, draws.end());
-    EXPECT_EQ(text->vertices[0].x, 466 + 16);
-    EXPECT_EQ(text->vertices[0].y, 336 + 32);
 }

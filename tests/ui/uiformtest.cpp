@@ -1,7 +1,6 @@
 #include "ui/uiform.h"
 
 #include "tests/support/elements.h"
-#include "ui/uicolor.h"
 #include "ui/uigroup.h"
 
 #include <gtest/gtest.h>
@@ -122,31 +121,4 @@ TEST(UIFormTest, ScrollsByMovingTheRegionsOfTheClients)
         form.update(1.0f);
         EXPECT_EQ(form.getClientPosition(), offset);
     }
-}
-
-TEST(UIFormTest, MovesTheEdgesOfTheClientRegionWithItsSizeOnceItIsCreated)
-{
-    TestForm form(UIForm::FollowSize, {100, 100});
-    form.setSize({110, 110});
-    form.create();
-    form.setSize({0, 10});
-    EXPECT_EQ(form.getClientRegion(), sRect(0, 0, -10, 0));
-}
-
-TEST(UIFormTest, PaintsOfTwoThousandElementsThoseInView)
-{
-    HeadlessSystems systems;
-    TestForm form(Scrolled, {200, 100});
-    for (int i = 0; i < 2000; ++i)
-    {
-        UIGroup* group = new UIGroup("Title");
-        group->setAttribute(Row);
-        form.addClient(group);
-    }
-    form.update(1.0f);
-    form.setScrollBarPosition(sPoint(0, 16008));
-    unsigned int titles = 0;
-    for (const sRecordedDraw& draw : runFrame(systems, form))
-        titles += draw.vertices[0].color == UIColorScheme::mDefaultActiveTitleBarColor;
-    EXPECT_EQ(titles, 7u);
 }

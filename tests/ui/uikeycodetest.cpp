@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 #include <utility>
 
@@ -33,23 +32,4 @@ TEST(UIKeyCodeTest, NamesTheKeysThatHaveOne)
     };
     for (const auto& [code, name] : names)
         EXPECT_STREQ(UIKeyCode::getName(code).c_str(), name) << code;
-}
-
-TEST(UIKeyCodeTest, ControlAndCommandAreOneModifier)
-{
-    std::set<unsigned int> down;
-    const auto combination = [&down](std::initializer_list<unsigned int> usages)
-    {
-        down = usages;
-        return UIKeyCode::getCombination([&down](unsigned int usage) { return down.contains(usage); });
-    };
-    EXPECT_EQ(combination({4, 40}), 0u);
-    for (const unsigned int left : {0u, 4u})
-    {
-        EXPECT_EQ(combination({225 + left}), 1u);
-        EXPECT_EQ(combination({226 + left}), 2u);
-        EXPECT_EQ(combination({224 + left}), 4u);
-        EXPECT_EQ(combination({227 + left}), 4u);
-    }
-    EXPECT_EQ(combination({224, 225, 230, 231}), 7u);
 }

@@ -3,7 +3,6 @@
 #include "reflection/objectlist.h"
 #include "reflection/propertylist.h"
 #include "tests/support/elements.h"
-#include "ui/uicolor.h"
 #include "ui/uikeycode.h"
 
 #include <gtest/gtest.h>
@@ -40,9 +39,8 @@ protected:
     {
         mObjects.setContentStability(false);
         using enum UIList::eColumnAlignment;
-        for (const auto& [name, width, alignment] :
-             {std::tuple("number", 60u, Right), {"absent", 300u, Left}, {"number", 50u, Left}})
-            mList.addColumn(name, ValueTraits<int>::type, width, alignment);
+        mList.addColumn("number", ValueTraits<int>::type, 60, Right);
+        mList.addColumn("absent", ValueTraits<int>::type, 300, Left);
         mList.setFunction(&mList, &RecordingList::notify);
         mList.setSize({200, 122});
     }
@@ -65,19 +63,6 @@ protected:
     ObjectList mObjects;
     RecordingList mList;
 };
-
-TEST_F(UIListTest, HasABarFromTheFirstRowThatDoesNotFit)
-{
-    mList.setSize({200, 114});
-    for (const unsigned int count : {5u, 6u, 0u})
-    {
-        fill(count);
-        // The bar of the construction is out of use, and a width of 300 is kept as 44.
-        const sRect bar = count == 6 ? sRect(187, 17, 199, 113) : sRect::Zero;
-        EXPECT_EQ(getRegions(mList),
-                  (std::vector<sRect>{sRect::Zero, {1, 1, 61, 17}, {61, 1, 105, 17}, {105, 1, 155, 17}, bar}));
-    }
-}
 
 TEST_F(UIListTest, SelectsAndChoosesRows)
 {
@@ -110,20 +95,4 @@ TEST_F(UIListTest, PaintsTheVisibleOfFiveThousandRows)
     EXPECT_EQ(mList.mRows.front(), std::make_pair(2498u, -15));
     EXPECT_EQ(mList.mRows.back(), std::make_pair(2506u, 113));
     EXPECT_EQ(press(17), 2500u);
-}
-
-TEST_F(UIListTest, PrintsTheColumnsOfARowThatHaveItsProperty)
-{
-    fill(1);
-    mObjects.addLast(nullptr);
-    mList.setObjectList(&mObjects);
-    static_cast<sThing*>(mObjects[0])->number = 8;
-    mList.setSelectRow(0);
-    const auto draws = runFrame(mSystems, mList);
-    EXPECT_EQ(mList.mRows.size(), 2u);
-    EXPECT_EQ(draws[0].vertices[4].color, UIColorScheme::mDefaultClientRegionSelectColor) << "behind the background";
-    EXPECT_EQ(draws[1].vertices[0].color, UIColorScheme::mDefaultClientSelectFontColor);
-    EXPECT_EQ(draws[1].vertices.size(), 4u) << "the present value has one digit";
-    EXPECT_EQ(draws[1].vertices[0].x, 60 - 6) << "a cell ends one pixel before its column";
-    EXPECT_EQ(draws[2].vertices[0].x, 1 + 60 + 44);
 }

@@ -62,26 +62,6 @@ protected:
     UIMenu* mMenu = new UIMenu;
 };
 
-TEST_F(UIMenuTest, HasTheSizeOfItsItemsAndAnswersByTheirNames)
-{
-    EXPECT_EQ(mMenu->getSize(), sSize(5 * 6 + 24, 6 * 14 + 8));
-    UIMenu* subMenu = new UIMenu;
-    mMenu->addItem("Ten letters", nullptr, subMenu);
-    EXPECT_EQ(mMenu->getSize(), sSize(11 * 6 + 24, 7 * 14 + 8));
-    EXPECT_EQ(mMenu->findSubMenu("Ten letters"), subMenu);
-    EXPECT_EQ(mMenu->findSubMenu("Open"), nullptr);
-
-    mMenu->setItemCheck("Open", true);
-    mMenu->setItemCheck("Blue", true);
-    mMenu->setItemCheck("None", true);
-    mMenu->setItemEnable("Close", false);
-    EXPECT_FALSE(mMenu->isItemChecked("Open")) << "an item without a mark";
-    EXPECT_TRUE(mMenu->isItemChecked("Blue"));
-    EXPECT_FALSE(mMenu->isItemChecked("None"));
-    EXPECT_FALSE(mMenu->isItemEnabled("Close"));
-    EXPECT_TRUE(mMenu->isItemEnabled("Open"));
-}
-
 TEST_F(UIMenuTest, MarksByTheMouse)
 {
     const auto click = [this](int row)
@@ -142,35 +122,6 @@ TEST_F(UIMenuTest, ReturnDecidesOnlyOnceAndOnlyWhatIsEnabled)
     mInterface.mSystem->getDesktop()->setMenu(nullptr);
     EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr) << "it dies while it is open";
     mInterface.runFrames(2);
-}
-
-TEST_F(UIMenuTest, OpensASubmenuBesideItsRowOnTheSideWithRoom)
-{
-    UIMenu* subMenu = new UIMenu;
-    subMenu->addItem("Below");
-    mMenu->addItem("More", nullptr, subMenu);
-    UIMenu::Item* more = mMenu->getItems()[6];
-
-    mMenu->setPosition(sPoint(100, 100));
-    mMenu->openSubMenu(more);
-    EXPECT_EQ(mMenu->getSubMenu(), subMenu);
-    EXPECT_EQ(subMenu->getPosition(), sPoint(100 + 54 - 4, 100 + 6 * 14 + 4));
-
-    mMenu->setPosition(sPoint(960, 680));
-    mMenu->openSubMenu(more);
-    EXPECT_EQ(subMenu->getPosition(), sPoint(960 - 54 + 4, 680 - 22 + 14)) << "at the corner of the screen";
-
-    more->setEnable(false);
-    EXPECT_EQ(mMenu->getSubMenu(), nullptr);
-}
-
-TEST(UIDesktopTest, OffersItsMenuInOrder)
-{
-    HeadlessInterface interface;
-    std::string names;
-    for (const UIMenu::Item* item : interface.mSystem->getDesktop()->getMenu()->getItems())
-        names += std::string(item->isSeparator() ? "-" : item->getName()) + (item->isEnabled() ? "|" : "!");
-    EXPECT_EQ(names, "SystemManager|ResourceManager|TextureManager|-|Tool|-|Change Wallpaper|");
 }
 
 TEST(UIMainMenuTest, LaysItsEntriesOutAndSwitchesBetweenTheirMenus)

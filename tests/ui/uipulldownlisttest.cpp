@@ -69,26 +69,3 @@ TEST_F(UIPulldownListTest, KeepsTheHighlightedItemInView)
     mList.setSelectItem(6);
     EXPECT_EQ(mList.getSelectItem(), 0u);
 }
-
-TEST_F(UIPulldownListTest, ForgetsTheSelectionWithEachChangeOfItsItems)
-{
-    fill(4);
-    mList.setSelectItem(2);
-    mList.removeItem(4);
-    EXPECT_EQ(mList.getSelectItem(), 2u) << "there is none to remove";
-    mList.removeItem(1);
-    EXPECT_EQ(mList.getSelectItem(), UIPulldownList::NoRow);
-    EXPECT_EQ(mList.getItemName(1), "c");
-    EXPECT_TRUE(mList.getItemName(3).empty());
-}
-
-TEST_F(UIPulldownListTest, PaintsTheItemsInView)
-{
-    fill(1000);
-    mList.setSelectItem(503);
-    std::string texts;
-    for (const sRecordedDraw& draw : runFrame(mSystems, mList))
-        if (const std::string text = getText(draw); !text.empty())
-            texts += text + (draw.vertices[0].color == sColor::White ? "* " : " ");
-    EXPECT_EQ(texts, "g h i j* ") << "the selected one in white";
-}

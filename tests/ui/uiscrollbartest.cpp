@@ -79,19 +79,3 @@ TEST_F(UIScrollBarTest, StepsByHalfARangeBesideTheThumb)
     set(mBar, 0, 4, 1, 1);
     EXPECT_EQ(send(UIMouseDownMessage(sPoint::Zero, 1)), 2) << "without a thumb always forward";
 }
-
-TEST_F(UIScrollBarTest, DragsTheThumbUntilAnyRelease)
-{
-    for (const unsigned int button : {1u, 2u, 255u})
-    {
-        set(mBar, 0, 200, 50, 0);
-        press(20);
-        EXPECT_EQ(drag(30), 20);
-        EXPECT_EQ(drag(-500), 0);
-        send(UIMouseUpMessage(sPoint(5, 20), button));
-        EXPECT_EQ(press(100) + drag(20), 2 * 25) << "this press was beside the thumb";
-    }
-    mBar.setSize({12, 24});
-    press(13);
-    EXPECT_EQ(drag(20), 25) << "a bar without a track stays";
-}

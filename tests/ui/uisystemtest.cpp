@@ -1,6 +1,5 @@
 #include "ui/uisystem.h"
 
-#include "application/systemmanager.h"
 #include "foundation/functor.h"
 #include "foundation/jobsystem.h"
 #include "render/rendersystem.h"
@@ -9,7 +8,6 @@
 #include "tests/support/tracecapture.h"
 #include "ui/uidesktop.h"
 #include "ui/uidialog.h"
-#include "ui/uimainmenu.h"
 #include "ui/uimenu.h"
 #include "ui/uipainter.h"
 #include "ui/uishortcut.h"
@@ -18,7 +16,6 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <thread>
 #include <utility>
 
 namespace
@@ -59,21 +56,6 @@ struct Greedy : UIBase
     }
 };
 
-// Deletes its children whenever it is updated.
-struct Shedder : UIBase
-{
-    void update(float) override { removeChildren(); }
-};
-
-// Opens a window that its own window owns when it loses the focus.
-struct Complainer : UIBase
-{
-    void eventDefocus() override
-    {
-        UISystem::getInstance()->addWindow(new UIWindow(static_cast<UIWindow*>(getParent())));
-    }
-};
-
 // From inside the hook, which has done its work then.
 void die(std::function<void()>& hook, Element* element)
 {
@@ -81,6 +63,12 @@ void die(std::function<void()>& hook, Element* element)
     delete element;
     hook = nullptr;
 }
+
+// Deletes its children whenever it is updated.
+struct Shedder : UIBase
+{
+    void update(float) override { removeChildren(); }
+};
 
 // Counts the dialogs that it hears of.
 struct Listener : UIBase
@@ -272,26 +260,6 @@ protected:
     int mChosen = 0;
 };
 
-TEST_F(UISystemMenuTest, OpensAContextMenuInsideTheViewAndTakesTheFocusFromItAtItsEnd)
-{
-    ProbeWindow* window = addMenuWindow("w", {924, 668});
-    const UIMenu* menu = window->getMenu();
-    click({925, 670}, 2);
-    EXPECT_EQ(mSystem.getMenu(), menu);
-    EXPECT_EQ(menu->getPosition(), sPoint(925, 670));
-    mInterface.pressKey(KeyReturn);
-    EXPECT_EQ(mSystem.getMenu(), nullptr) << "keys are for the menu, wherever the focus is";
-    click({1023, 767}, 2);
-    EXPECT_EQ(menu->getRelRegion(), sRect(1023 - 42, 767 - 22, 1023, 767));
-
-    clickItem();
-    EXPECT_EQ(mChosen, 1);
-    EXPECT_EQ(mSystem.getMenu(), nullptr);
-    EXPECT_EQ(mSystem.getFocus(), window);
-    mInterface.pressKey(KeyReturn);
-    EXPECT_EQ(mChosen, 1);
-}
-
 TEST_F(UISystemMenuTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMenusOfOthers)
 {
     ProbeWindow* window = addMenuWindow("w", {0, 0});
@@ -309,32 +277,6 @@ TEST_F(UISystemMenuTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMe
     modal->close();
     mInterface.runFrame();
     EXPECT_EQ(mSystem.getMenu(), nullptr) << "menus go with their owners";
-}
-
-TEST_F(UISystemMenuTest, ShowsTheMainMenuOfTheActiveWindowAcrossTheView)
-{
-    ProbeWindow* window = addWindow("w", {0, 100});
-    UIMainMenu* mainMenu = new UIMainMenu;
-    mainMenu->addItem("File", new UIMenu);
-    window->setMainMenu(mainMenu);
-    ProbeWindow* other = addWindow("other", {500, 500});
-    other->setMainMenu(new UIMainMenu);
-    settle();
-    EXPECT_EQ(mSystem.getMainMenu(), nullptr);
-    click({50, 150});
-    EXPECT_EQ(mSystem.getMainMenu(), mainMenu);
-    EXPECT_EQ(mainMenu->getRelRegion(), sRect(0, 0, 1024, 16));
-
-    click({5, 5});
-    EXPECT_EQ(mSystem.getActiveWindow(), window);
-    other->setMainMenu(nullptr);
-    ASSERT_NE(mSystem.getMenu(), nullptr) << "that of another window is none of its business";
-    window->setMainMenu(new UIMainMenu);
-    EXPECT_EQ(mSystem.getMenu(), nullptr);
-    EXPECT_EQ(mSystem.getMainMenu(), window->getMainMenu());
-    window->close();
-    mInterface.runFrame();
-    EXPECT_EQ(mSystem.getMainMenu(), nullptr);
 }
 
 TEST_F(UISystemTest, BringsWindowsAliveAndDeletesThemBetweenTheFrames)
@@ -389,30 +331,6 @@ TEST_F(UISystemTest, ADeletedWindowOwnsNoOther)
     EXPECT_EQ(take(), "x.destroy x.gone z.destroy z.gone") << "those which wait, too";
 }
 
-TEST_F(UISystemTest, WhatAWindowOpensAsItGoesOutlivesItUnlessAllGo)
-{
-    const auto focusComplainer = [this](UIWindow* window)
-    {
-        Complainer* complainer = new Complainer;
-        window->add(complainer);
-        mSystem.focus(complainer);
-    };
-    ProbeWindow* window = addWindow("w", {0, 0});
-    settle();
-    focusComplainer(window);
-    window->close();
-    mInterface.runFrame();
-    ASSERT_EQ(mSystem.getAddWindowList().size(), 1u);
-    UIWindow* left = static_cast<UIWindow*>(*mSystem.getAddWindowList().begin());
-    EXPECT_EQ(left->getOwnerWindow(), nullptr);
-
-    mInterface.runFrame();
-    focusComplainer(left);
-    mSystem.removeAllWindow();
-    EXPECT_TRUE(mSystem.getWindowList().empty());
-    EXPECT_TRUE(mSystem.getAddWindowList().empty());
-}
-
 TEST_F(UISystemTest, DeletesASecondToolOnOneResource)
 {
     ResourceBase* const resource = reinterpret_cast<ResourceBase*>(&mLog);
@@ -459,29 +377,6 @@ TEST_F(UISystemTest, ForgetsElementsThatDie)
     mInterface.press({15, 15});
     EXPECT_EQ(take(), "w.key:65:0 e.gone");
     EXPECT_EQ(mSystem.getCapture(), nullptr);
-}
-
-TEST_F(UISystemTest, ShowsTheCursorOfWhatLiesUnderThePointer)
-{
-    ProbeWindow* window = addWindow("w", {0, 0});
-    mInterface.movePointer({1, 50});
-    settle();
-    using enum UIBase::eCursor;
-    for (const auto& [cursor, pointer] :
-         {std::pair(UpDown, ePointer::ResizeUpDown), {LeftRight, ePointer::ResizeLeftRight}, {Grip, ePointer::Arrow}})
-    {
-        window->setCursor(cursor);
-        mInterface.runFrame();
-        EXPECT_EQ(HeadlessPlace::getPlatform().getCursor(), pointer);
-    }
-}
-
-TEST_F(UISystemTest, StaysOnTheMainThread)
-{
-#ifndef NDEBUG
-    testing::GTEST_FLAG(death_test_style) = "threadsafe";
-    EXPECT_DEATH(std::thread([this] { mSystem.defocus(); }).join(), "Not the main thread.");
-#endif
 }
 
 class UISystemThreadsTest : public UISystemTest, public testing::WithParamInterface<unsigned int>

@@ -1,9 +1,8 @@
 #include "ui/uiwindow.h"
 
 #include "render/viewsystem.h"
-#include "tests/support/elements.h"
 #include "tests/support/headlessinterface.h"
-#include "ui/uimenu.h"
+#include "ui/uipainter.h"
 
 #include <gtest/gtest.h>
 
@@ -66,25 +65,6 @@ TEST_F(UIWindowTest, IsMovedByItsTitleBarInsideTheViewAlone)
     }
 }
 
-TEST_F(UIWindowTest, IsSizedByItsGripDownToTheMinimum)
-{
-    UIWindow* window = addWindow(All);
-    const sPoint grip(295, 195);
-    mInterface.press(grip);
-    drag(grip + sPoint(50, 30));
-    EXPECT_EQ(window->getClientRegion(), sRect(2, 20, 248, 116));
-    drag({-900, 0});
-    EXPECT_EQ(window->getSize(), sSize(64, 64));
-    drag(grip + sPoint(-20, 900));
-    mInterface.release();
-    EXPECT_EQ(window->getWindowStatus(), UIWindow::WindowActive);
-    drag({279, 767});
-    EXPECT_EQ(window->getCursor(), UIBase::eCursor::Grip);
-    drag({110, 110});
-    EXPECT_EQ(window->getCursor(), UIBase::eCursor::Arrow);
-    EXPECT_EQ(window->getRelRegion(), sRect(100, 100, 280, 772)) << "the pointer stays in the view";
-}
-
 TEST_F(UIWindowTest, ClosesByButtonAndKeyAndDoesNothingAtTheOtherButtons)
 {
     UIWindow* window = addWindow(All, true);
@@ -105,42 +85,4 @@ TEST_F(UIWindowTest, ClosesByButtonAndKeyAndDoesNothingAtTheOtherButtons)
     EXPECT_EQ(window->getClientRegion(), sRect(2, 2, 198, 98));
     window->findShortcut(131, 2)->shortcut(window);
     EXPECT_TRUE(mSystem.isListedForRemoval(window));
-}
-
-TEST_F(UIWindowTest, OffersWhatItsButtonsDoInItsMenu)
-{
-    UIWindow* bare = mInterface.add(new UIWindow(nullptr));
-    UIWindow* closable = mInterface.add(new UIWindow(eStyle::Plain, 0, true, false, false, 0, bare));
-    UIWindow* others = mInterface.add(new UIWindow(eStyle::Plain, 0, false, true, true, 0, bare));
-    for (UIWindow* window : {bare, closable, others})
-    {
-        for (const char* name : {"Minimize", "Maximize"})
-            EXPECT_EQ(window->getMenu()->isItemEnabled(name), window == others);
-        EXPECT_EQ(window->getMenu()->isItemEnabled("Close"), window == closable);
-        for (UIMenu::Item* item : window->getMenu()->getItems())
-            item->occurEvent();
-        EXPECT_EQ(mSystem.isListedForRemoval(window), window != bare) << "a disabled item has its action";
-    }
-}
-
-TEST(UIWindowPaintTest, CutsTheTitleBeforeItsButtons)
-{
-    HeadlessSystems systems;
-    constexpr std::tuple<bool, bool, bool, unsigned int> Rows[] = {
-        {false, false, false, 32}, {true, false, false, 30}, {true, true, false, 25}, {true, true, true, 28}};
-    for (const auto& [close, minimize, maximize, length] : Rows)
-    {
-        UIWindow window(eStyle::Plain, All, close, minimize, maximize, 0, nullptr);
-        window.setSize(Size);
-        window.setTitle("A title of more than thirty-two characters");
-        window.create();
-        if (close)
-            window.active();
-        for (const sRecordedDraw& draw : runFrame(systems, window))
-            if (const std::string text = getText(draw); !text.empty())
-            {
-                EXPECT_EQ(text.size(), length);
-                EXPECT_EQ(draw.vertices[0].color == sColor::White, close) << "white while it is active";
-            }
-    }
 }
