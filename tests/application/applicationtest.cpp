@@ -1,23 +1,10 @@
 #include "application/application.h"
 
-#include "foundation/memorymanager.h"
 #include "tests/support/headlessapplication.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
-
-namespace
-{
-constexpr Application::sInitializer Initializer = {"", 64, 48, 60, 20, 240};
-
-struct PlainApplication : Application
-{
-    using Application::Application;
-    void setup() override {}
-    void update(float) override {}
-};
-}
 
 TEST(ApplicationTest, KeepsTheStateOfTheMouse)
 {
@@ -63,37 +50,4 @@ TEST(ApplicationTest, FramesRunUntilTheApplicationQuitsOrASignalComes)
     EXPECT_EQ(frames, 5u);
     EXPECT_EQ(application.execute(), 0);
     EXPECT_EQ(frames, 6u);
-}
-
-TEST(ApplicationTest, TimeIsCountedInMillisecondsOfTheCountInPlace)
-{
-    HeadlessApplication application;
-    Application::setCountFunction([] { return std::uint64_t(5000000000250000); });
-    EXPECT_EQ(Application::getAbsoluteCount(), 5000000000250000u);
-    EXPECT_EQ(Application::getAbsoluteTime(), 5000000000u) << "beyond 32 bits";
-}
-
-TEST(ApplicationTest, WithoutAnInitializerItStaysHalfMade)
-{
-    HeadlessPlace place;
-    PlainApplication application(nullptr);
-    EXPECT_EQ(Application::getInstance(), nullptr);
-    EXPECT_FALSE(place.getPlatform().isWindowOpen());
-}
-
-TEST(ApplicationDeathTest, FailuresStopTheProgram)
-{
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-
-    EXPECT_DEATH(
-        {
-            HeadlessPlace place;
-            place.getPlatform().refuseWindow();
-            PlainApplication application(&Initializer);
-            EXPECT_EQ(MemoryManager::getInstance(), nullptr);
-            application.execute();
-        },
-        "Application : InstallEventTimer failed.");
-
-    EXPECT_DEATH(HeadlessApplication(Application::sInitializer{"", 64, 48, 0, 0, 0}), "Invalid frame rate.");
 }

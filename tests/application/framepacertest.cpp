@@ -60,27 +60,3 @@ TEST(FramePacerTest, FixedStepSkipsWhatItMissed)
                                                     {13 * Frame, 14 * Frame - 2000000, 1.0f, 1, 13},
                                                 });
 }
-
-TEST(FramePacerTest, LimitsBeyondTheRateCollapseToIt)
-{
-    FramePacer pacer(60, 90, 30, 1, 1);
-    pacer.start(0);
-    EXPECT_EQ(pacer.begin(10 * Frame), 1.0f) << "both limits are the rate, so the step is fixed";
-    EXPECT_EQ(pacer.getCurrentFrame(), 10u);
-    EXPECT_DEATH(FramePacer(0, 0, 0, 1, 1), "Invalid frame rate.");
-}
-
-TEST(FramePacerTest, AverageChangesWithEvery32ndFrame)
-{
-    FramePacer pacer(60, 20, 240, 1, 1);
-    pacer.start(0);
-    for (unsigned int i = 1; i < 32; ++i)
-    {
-        pacer.begin(i * Frame);
-        EXPECT_EQ(pacer.getAverageFrameRate(), 0.0f);
-    }
-    pacer.begin(31 * Frame + 2 * Frame);
-    EXPECT_EQ(pacer.getAverageFrameRate(), (31 * 60.0f + 30.0f) / 32.0f);
-    pacer.begin(34 * Frame);
-    EXPECT_EQ(pacer.getAverageFrameRate(), (31 * 60.0f + 30.0f) / 32.0f);
-}

@@ -4,106 +4,33 @@
 
 #include <deque>
 #include <string>
-#include <vector>
 
 namespace
 {
-std::string gCalls;
-
-// Notes its name and the hook at each call. The test owns it.
-class StandInSystem : public System
+struct StandInSystem : System
 {
-public:
-    explicit StandInSystem(const char* name, const char* phases = "pup") : mName(name)
-    {
-        setProcessEnable(phases[0] == 'p', phases[1] == 'u', phases[2] == 'p');
-    }
+    explicit StandInSystem(const char* name) : mName(name) { setProcessEnable(false, true, false); }
 
-    void destroy() override { note("destroy"); }
-    void preprocess() override { note("preprocess"); }
-    void update() override { note("update"); }
-    void postprocess() override { note("postprocess"); }
-    void setup() override { note("setup"); }
-
-    const char* getName() const { return mName; }
-
-private:
-    void note(const char* hook) { gCalls += std::string(mName) + "." + hook + " "; }
+    void destroy() override {}
 
     const char* mName;
 };
 }
 
-class SystemManagerTest : public testing::Test
+TEST(SystemManagerTest, SweepPassesOverTheOneBehindAPlacedOne)
 {
-protected:
-    SystemManagerTest() { gCalls.clear(); }
-
-    ~SystemManagerTest() override
+    SystemManager* manager = SystemManager::create();
+    std::deque<StandInSystem> systems;
+    for (const char* name : {"First", "A", "B", "C"})
     {
-        if (SystemManager::getInstance())
-            SystemManager::getInstance()->destroy();
+        manager->addSystem(&systems.emplace_back(name));
+        if (systems.size() > 1)
+            systems.back().addUpdateDependency(&systems.front());
     }
-
-    StandInSystem* add(const char* name, const char* phases = "pup")
-    {
-        StandInSystem* system = &mSystems.emplace_back(name, phases);
-        mManager.addSystem(system);
-        return system;
-    }
-
-    std::string order(ePhase phase)
-    {
-        std::string names;
-        for (System* system : mManager.getOrder(phase))
-            names += (names.empty() ? "" : " ") + std::string(static_cast<StandInSystem*>(system)->getName());
-        return names;
-    }
-
-    std::deque<StandInSystem> mSystems;
-    SystemManager& mManager = *SystemManager::create();
-};
-
-TEST_F(SystemManagerTest, SweepPassesOverTheOneBehindAPlacedOne)
-{
-    StandInSystem* first = add("First");
-    for (const char* name : {"A", "B", "C"})
-        add(name)->addUpdateDependency(first);
-    mManager.order();
-    EXPECT_EQ(order(ePhase::Update), "First A C B");
-}
-
-TEST_F(SystemManagerTest, DependenciesOutsideThePhaseCountAsMet)
-{
-    StandInSystem stranger("Stranger");
-    StandInSystem* late = add("Late");
-    StandInSystem* idle = add("Idle", "---");
-    late->addUpdateDependency(idle);
-    late->addUpdateDependency(&stranger);
-    add("Free");
-    mManager.order();
-    EXPECT_EQ(order(ePhase::Update), "Free Late");
-    EXPECT_EQ(order(ePhase::Destroy), "Late Idle Free") << "a system without a phase is destroyed all the same";
-
-    late->clearDependency();
-    mManager.order();
-    EXPECT_EQ(order(ePhase::Update), "Late Free");
-}
-
-TEST_F(SystemManagerTest, PhasesWalkTheirOwnOrder)
-{
-    StandInSystem* first = add("A", "p--");
-    add("B", "pup");
-    first->addPreprocessDependency(&mSystems.back());
-    mManager.setup();
-    mManager.order();
-    mManager.preprocess();
-    mManager.update();
-    mManager.postprocess();
-    EXPECT_EQ(gCalls, "A.setup B.setup B.preprocess A.preprocess B.update B.postprocess ");
-
-    gCalls.clear();
-    mManager.destroy();
-    EXPECT_EQ(gCalls, "A.destroy B.destroy ");
-    EXPECT_EQ(SystemManager::getInstance(), nullptr);
+    manager->order();
+    std::string names;
+    for (System* system : manager->getOrder(ePhase::Update))
+        names += static_cast<StandInSystem*>(system)->mName;
+    EXPECT_EQ(names, "FirstACB");
+    manager->destroy();
 }

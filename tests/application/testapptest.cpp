@@ -1,6 +1,5 @@
 #include "application/testapp.h"
 
-#include "application/systemmanager.h"
 #include "foundation/jobsystem.h"
 #include "tests/support/headlessapplication.h"
 #include "ui/uisystem.h"
@@ -13,14 +12,6 @@
 namespace
 {
 constexpr Application::sInitializer Initializer = {"Test", 1024, 768, 60, 20, 240};
-
-std::string getOrder(ePhase phase)
-{
-    std::string names;
-    for (System* system : SystemManager::getInstance()->getOrder(phase))
-        names += (names.empty() ? "" : " ") + std::string(system->getTypeInfo()->getName());
-    return names;
-}
 
 // An element that is being edited. It notes whether the edit ended in time.
 class Edit : public UIBase
@@ -35,18 +26,6 @@ public:
 private:
     std::string mStatePath;
 };
-}
-
-TEST(TestAppTest, WalksItsSystemsInFourOrders)
-{
-    HeadlessPlace place;
-    TestApp application(&Initializer);
-    application.setup();
-    EXPECT_EQ(getOrder(ePhase::Preprocess), "RenderSystem ViewSystem UISystem ToolSystem");
-    EXPECT_EQ(getOrder(ePhase::Update), "ResourceSystem RenderSystem MouseSystem KeyboardSystem ViewSystem UISystem");
-    EXPECT_EQ(getOrder(ePhase::Postprocess), "ViewSystem UISystem ToolSystem RenderSystem");
-    EXPECT_EQ(getOrder(ePhase::Destroy), "JobSystem MouseSystem KeyboardSystem ViewSystem UISystem ToolSystem "
-                                         "ResourceSystem HIDSystem RenderSystem");
 }
 
 TEST(TestAppTest, EndsAnEditBeforeItSavesAndDestroysAnything)

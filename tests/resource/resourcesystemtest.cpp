@@ -156,18 +156,3 @@ TEST_F(ResourceSystemTest, RefusesAResourceInsideItsOwnLoad)
     ASSERT_TRUE(a && a->mpNext);
     EXPECT_EQ(a->mpNext->mpNext, nullptr);
 }
-
-TEST(ResourceSystemEndTest, ReportsWhatIsStillHeldAndLetsItGoLater)
-{
-    TextureResourceTGA* held = nullptr;
-    TraceCapture trace;
-    {
-        HeadlessSystems systems;
-        held = ResourceSystem::getInstance()->createResource<TextureResourceTGA>(nullptr);
-    }
-    const std::string text = trace.take();
-    const std::size_t first = text.find("Resource leak.(" + std::string(held->getPath().c_str()) + ")\n");
-    EXPECT_NE(first, std::string::npos);
-    EXPECT_EQ(text.find("Resource leak.", first + 1), std::string::npos);
-    held->release();
-}

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
-#include <string_view>
 
 namespace
 {
@@ -24,19 +23,6 @@ constexpr int DragDistance = 4;
 
 // What elements listen to, by usage: Return, Escape, Space, the arrows, a letter, F4, and the modifiers.
 constexpr unsigned char KeyTable[] = {40, 40, 41, 44, 79, 80, 81, 82, 4, 61, 224, 225, 226};
-
-// What the report of a window counts as.
-struct sReportRow
-{
-    std::string_view title;
-    unsigned int Monkey::sTally::*count;
-};
-
-constexpr sReportRow ReportTable[] = {
-    {"Buttons", &Monkey::sTally::buttonsClicked},     {"Menus", &Monkey::sTally::menusChosen},
-    {"Events", &Monkey::sTally::menusChosen},         {"Questions", &Monkey::sTally::dialogsAnswered},
-    {"Pulldown lists", &Monkey::sTally::listsChosen},
-};
 
 // Whether an element is the menu, or one of those that it can open; a menu and the bar of menus are alike in this.
 template <typename Menu>
@@ -85,18 +71,10 @@ bool Monkey::run(unsigned int eventNum)
         const char* fault = findFault();
         if (!fault)
             continue;
-        std::fprintf(stderr, "Monkey of seed %u, event %u: %s.\n", mSeed, i, fault);
+        std::fprintf(stderr, "Monkey of seed %u, event %u: the %s is gone.\n", mSeed, i, fault);
         return false;
     }
     return true;
-}
-
-void Monkey::print() const
-{
-    std::printf("Monkey of seed %u: %u frames, %u windows opened and %u closed, %u clicks, %u menus chosen, "
-                "%u dialogs answered, %u choices of lists, %u drags ended, %u keys\n",
-                mSeed, mTally.frames, mTally.windowsOpened, mTally.windowsClosed, mTally.buttonsClicked,
-                mTally.menusChosen, mTally.dialogsAnswered, mTally.listsChosen, mTally.dragsEnded, mTally.keysPressed);
 }
 
 void Monkey::doSomething()
@@ -155,7 +133,7 @@ void Monkey::pressOrRelease()
     runFrame();
     const sPoint way = mPointer - mPressPlace;
     if (held && !mSystem.getCapture() && std::abs(way.x) + std::abs(way.y) >= DragDistance)
-        ++mTally.dragsEnded;
+        ++mTally["drags"];
 }
 
 void Monkey::clickElement()
@@ -170,15 +148,6 @@ void Monkey::clickMenu()
     click(1);
 }
 
-void Monkey::openMenu()
-{
-    const UIBase* element = chooseElement();
-    for (int tries = 0; tries < 50 && !element->getMenu(); ++tries)
-        element = chooseElement();
-    moveTo(choosePoint(element->getDrawRegion()));
-    click(2);
-}
-
 void Monkey::turnWheel()
 {
     mInterface.turnWheel(choose(21) - 10);
@@ -191,7 +160,6 @@ void Monkey::pressOrReleaseKey()
     if (!down)
         mKeys.erase(key);
     mInterface.setKey(key, down);
-    mTally.keysPressed += down;
 }
 
 // Few windows are no crowd to fight with.
@@ -269,53 +237,43 @@ void Monkey::runFrame()
 {
     mInterface.wait(FrameMilliseconds);
     mInterface.runFrame();
-    ++mTally.frames;
-    countWindows();
     readReports();
 }
 
-void Monkey::countWindows()
-{
-    std::set<const UIWindow*> alive;
-    for (ObjectBase* window : mSystem.getWindowList())
-        alive.insert(static_cast<UIWindow*>(window));
-    for (const UIWindow* window : alive)
-        mTally.windowsOpened += !mAlive.contains(window);
-    for (const UIWindow* window : mAlive)
-        mTally.windowsClosed += !alive.contains(window);
-    mAlive.swap(alive);
-}
-
-// Takes the reports back, so that each counts once. All that is modal are dialogs, all else are exhibits.
+// Takes the reports of the exhibits back, so that each counts once.
 void Monkey::readReports()
 {
-    for (unsigned int i = 0; i < mSystem.getWindowList().size(); ++i)
-    {
-        UIWindow* window = getWindow(i);
-        if (window->isModalWindow() || !window->getTitle())
-            continue;
-        ExhibitWindow* exhibit = static_cast<ExhibitWindow*>(window);
-        for (const sReportRow& row : ReportTable)
-            if (exhibit->getTitle() == row.title.data() && exhibit->getReport())
-                ++(mTally.*row.count);
-        exhibit->report(AutoString());
-    }
+    ++mTally["frames"];
+    for (const sExhibit& exhibit : Gallery::getExhibits())
+        for (ObjectBase* object : mSystem.getWindowList())
+            if (ExhibitWindow* window = static_cast<ExhibitWindow*>(object);
+                window->getTitle() == exhibit.title && window->getReport())
+            {
+                ++mTally[exhibit.title];
+                window->report(AutoString());
+            }
 }
 
-// Null if all is well.
+// Null if all is well, or else what is gone.
 const char* Monkey::findFault() const
 {
-    if (!isAlive(mSystem.getFocus()))
-        return "the focus is gone";
-    if (!isAlive(mSystem.getCapture()))
-        return "what holds the mouse is gone";
-    if (!isAlive(mSystem.getMenu()))
-        return "the open menu is gone";
-    if (!isAlive(mSystem.getActiveWindow()))
-        return "the active window is gone";
-    if (!isAlive(mSystem.getMainMenu()))
-        return "the bar of menus is gone";
+    const std::pair<const char*, const UIBase*> rows[] = {{"focus", mSystem.getFocus()},
+                                                          {"capture", mSystem.getCapture()},
+                                                          {"open menu", mSystem.getMenu()},
+                                                          {"active window", mSystem.getActiveWindow()},
+                                                          {"bar of menus", mSystem.getMainMenu()}};
+    for (const auto& [name, element] : rows)
+        if (!isAlive(element))
+            return name;
     return nullptr;
+}
+
+void Monkey::print() const
+{
+    std::printf("Monkey of seed %u:", mSeed);
+    for (const auto& [name, count] : mTally)
+        std::printf(" %u %s", count, name.c_str());
+    std::printf("\n");
 }
 
 // Looks through all that is there, without a look at the element.

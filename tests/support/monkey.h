@@ -2,9 +2,10 @@
 
 #include "tests/support/headlessinterface.h"
 
+#include <map>
 #include <random>
 #include <set>
-#include <vector>
+#include <string>
 
 class UIWindow;
 
@@ -13,26 +14,14 @@ class UIWindow;
 class Monkey
 {
 public:
-    struct sTally
-    {
-        unsigned int frames = 0;
-        unsigned int windowsOpened = 0;
-        unsigned int windowsClosed = 0;
-        unsigned int buttonsClicked = 0;
-        unsigned int menusChosen = 0;
-        unsigned int dialogsAnswered = 0;
-        unsigned int listsChosen = 0;
-        unsigned int dragsEnded = 0;
-        unsigned int keysPressed = 0;
-    };
-
     // Opens the gallery.
     Monkey(HeadlessInterface& interface, unsigned int seed);
 
     // False, and a line that says what and when, as soon as something refers to what is not there.
     [[nodiscard]] bool run(unsigned int eventNum);
 
-    const sTally& getTally() const { return mTally; }
+    // How often each exhibit has reported something, by its title; also "drags" that have ended, and "frames".
+    const std::map<std::string, unsigned int>& getTally() const { return mTally; }
     void print() const;
 
 private:
@@ -52,7 +41,6 @@ private:
     void pressOrRelease();
     void clickElement();
     void clickMenu();
-    void openMenu();
     void turnWheel();
     void pressOrReleaseKey();
     void openWindow();
@@ -68,7 +56,6 @@ private:
     void click(unsigned int button);
     void releaseAll();
     void runFrame();
-    void countWindows();
     void readReports();
     const char* findFault() const;
     bool isAlive(const UIBase* element) const;
@@ -77,8 +64,7 @@ private:
     UISystem& mSystem;
     std::mt19937 mRandom;
     unsigned int mSeed;
-    sTally mTally;
-    std::set<const UIWindow*> mAlive;
+    std::map<std::string, unsigned int> mTally;
     sPoint mPointer = sPoint::Zero;
     sPoint mPressPlace = sPoint::Zero;
     unsigned int mButtons = 0;
