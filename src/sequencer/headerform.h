@@ -1,18 +1,12 @@
 #pragma once
 
-#include "sequencer/sequencertool.h"
+#include "sequencer/timelineform.h"
 
 // The left column of the timeline: the names of the rows.
-class SequencerTool::HeaderForm : public UIForm
+class SequencerTool::HeaderForm : public TimelineForm
 {
 public:
-    explicit HeaderForm(TrackForm* trackForm);
+    using TimelineForm::TimelineForm;
 
-    void update(float deltaTime) override;
-    void eventPaint(UIPainter* painter) override;
     void eventMouseWheel(const sPoint& amount) override;
-    void eventKeyDown(unsigned int /*keyCode*/, unsigned int /*combinationKey*/) override { delegate(); }
-
-private:
-    TrackForm* mpTrackForm;
 };

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "sequencer/sequencertool.h"
+#include "sequencer/timelineform.h"
 
 // The right column of the timeline: the ruler, on which the play head is dragged, and below it the frames of the rows.
-class SequencerTool::SequenceForm : public UIForm
+class SequencerTool::SequenceForm : public TimelineForm
 {
 public:
-    explicit SequenceForm(TrackForm* trackForm);
+    using TimelineForm::TimelineForm;
 
     bool isDraggingHead() const { return mDraggingHead; }
 
@@ -17,16 +17,13 @@ public:
     void eventMouseDown(const sPoint& position, unsigned int button) override;
     void eventMouseUp(const sPoint& position, unsigned int button) override;
     void eventMouseWheel(const sPoint& amount) override;
-    void eventKeyDown(unsigned int /*keyCode*/, unsigned int /*combinationKey*/) override { delegate(); }
 
 private:
     void dragHead();
-    void paintRuler(UIPainter* painter, int scroll) const;
-    void paintTick(UIPainter* painter, int x, int frame) const;
+    void paintScale(UIPainter* painter, int scroll) const;
     void paintLimit(UIPainter* painter, int x, const char* label) const;
-    void paintLine(UIPainter* painter, int x) const;
+    void paintFrameLine(UIPainter* painter, int x) const;
 
     bool mDraggingHead = false;
     int mLastMouseX = 0;
-    TrackForm* mpTrackForm;
 };

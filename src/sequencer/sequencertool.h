@@ -22,6 +22,7 @@ class SequencerTool : public ToolBase
 public:
     class TimelineRow;
     class TrackForm;
+    class TimelineForm;
     class HeaderForm;
     class SequenceForm;
     class UIMarker;

@@ -13,6 +13,9 @@ public:
     TrackForm* getTrackForm() const { return mpTrackForm; }
     SequencerTool& getTool() const;
 
+    // The frame at the left edge of the right side.
+    int getScroll() const;
+
     virtual bool isSelected() const = 0;
 
     void eventPaint(UIPainter* painter) override;

@@ -33,7 +33,7 @@ public:
 
 private:
     void makeForms(unsigned int splitSize);
-    void updateHorizontalBar();
+    void placeBars(int right, int bottom);
     void updateVerticalBar();
 
     UISplitter* mpSplitter = nullptr;

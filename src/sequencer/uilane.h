@@ -1,18 +1,23 @@
 #pragma once
 
-#include "sequencer/rubberband.h"
+#include "sequencer/bandrow.h"
+#include "sequencer/sequencerkey.h"
 #include "sequencer/timelinerow.h"
 
-// The row of a lane, below that of its track.
+// The row of a lane, inside that of its track.
 class SequencerTool::UILane : public TimelineRow
 {
 public:
     static constexpr int Height = 32;
 
-    UILane(SequencerLane* lane, UITrack* track);
+    // The first one of a track has the place 0.
+    UILane(SequencerLane* lane, UITrack* track, unsigned int place);
 
     SequencerLane* getLane() const { return mpLane; }
     UITrack* getTrack() const { return mpTrack; }
+
+    // In a row of a track of that width.
+    void setTrackWidth(unsigned int width);
 
     bool isSelected() const override;
     void eventFocus() override;
@@ -30,16 +35,13 @@ public:
     void eventPaint(UIPainter* painter) override;
 };
 
-class SequencerTool::LaneSequence : public UILane
+class SequencerTool::LaneSequence : public BandRow<UILane, SequencerKey>
 {
 public:
-    using UILane::UILane;
+    using BandRow::BandRow;
 
-    void eventPaint(UIPainter* painter) override;
-    void eventMouseMove(const sPoint& position) override;
-    void eventMouseDown(const sPoint& position, unsigned int button) override;
-    void eventMouseUp(const sPoint& position, unsigned int button) override;
-
-private:
-    RubberBand mBand;
+protected:
+    const ObjectList* getElements() const override;
+    const SequencerKey* getSelectElement() const override;
+    void select(SequencerKey* key) override;
 };

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "sequencer/rubberband.h"
+#include "sequencer/bandrow.h"
+#include "sequencer/sequencermarker.h"
 #include "sequencer/timelinerow.h"
 
 // The row of the markers.
 class SequencerTool::UIMarker : public TimelineRow
 {
 public:
-    explicit UIMarker(TrackForm* trackForm);
+    using TimelineRow::TimelineRow;
 
     bool isSelected() const override;
     void eventFocus() override;
@@ -21,16 +22,13 @@ public:
     void eventPaint(UIPainter* painter) override;
 };
 
-class SequencerTool::MarkerSequence : public UIMarker
+class SequencerTool::MarkerSequence : public BandRow<UIMarker, SequencerMarker>
 {
 public:
-    using UIMarker::UIMarker;
+    using BandRow::BandRow;
 
-    void eventPaint(UIPainter* painter) override;
-    void eventMouseMove(const sPoint& position) override;
-    void eventMouseDown(const sPoint& position, unsigned int button) override;
-    void eventMouseUp(const sPoint& position, unsigned int button) override;
-
-private:
-    RubberBand mBand;
+protected:
+    const ObjectList* getElements() const override;
+    const SequencerMarker* getSelectElement() const override;
+    void select(SequencerMarker* marker) override;
 };

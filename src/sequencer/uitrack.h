@@ -5,23 +5,31 @@
 
 class UITextControl;
 
-// The row of a track, which shows the rows of its lanes below itself when they are extracted. Its key is the track.
+// The row of a track, with the rows of its lanes, which show when they are extracted. Its key is the track.
 class SequencerTool::UITrack : public TimelineRow
 {
 public:
+    static constexpr int CollapsedHeight = 24;
+
     UITrack(SequencerTrack* track, TrackForm* trackForm);
 
     SequencerTrack* getTrack() const { return mpTrack; }
 
-    // Owns the row, and places it below the present ones.
-    void addLane(UILane* lane);
+    // Below the present ones.
+    template <typename Lane>
+    void addLane(SequencerLane* lane)
+    {
+        Lane* row = new Lane(lane, this, mLaneList.size());
+        mLaneList.addLast(row);
+        add(row);
+    }
 
     virtual bool isExtracted() const = 0;
 
     bool isSelected() const override;
     void eventFocus() override;
 
-    // The width comes from the form, the height from the lanes.
+    // The width is that of the form, the height follows from the lanes.
     void eventSize() override;
 
 private:
@@ -29,7 +37,7 @@ private:
     List<UILane> mLaneList;
 };
 
-// The left side has the name and a box that extracts the lanes of both sides.
+// The left side has the name, and a box that extracts the lanes of both sides.
 class SequencerTool::TrackInfo : public UITrack
 {
 public:
@@ -51,10 +59,10 @@ private:
 class SequencerTool::TrackSequence : public UITrack
 {
 public:
-    TrackSequence(SequencerTrack* track, TrackInfo* info, TrackForm* trackForm);
+    TrackSequence(SequencerTrack* track, const TrackInfo* info, TrackForm* trackForm);
 
     bool isExtracted() const override { return mpInfo->isExtracted(); }
 
 private:
-    TrackInfo* mpInfo;
+    const TrackInfo* mpInfo;
 };

@@ -1,0 +1,116 @@
+#include "sequencer/trackform.h"
+
+#include "sequencer/headerform.h"
+#include "sequencer/sequenceform.h"
+#include "sequencer/uilane.h"
+#include "sequencer/uimarker.h"
+#include "sequencer/uitrack.h"
+#include "ui/uiaxis.h"
+#include "ui/uiscrollbar.h"
+#include "ui/uisplitter.h"
+
+namespace
+{
+constexpr unsigned int StartSplitSize = 96;
+}
+
+SequencerTool::TrackForm::TrackForm(SequencerTool* tool)
+    : mpHorizontalBar(new UIScrollBar(UIScrollBar::eBarDirection::Horizontal)),
+      mpVerticalBar(new UIScrollBar(UIScrollBar::eBarDirection::Vertical)),
+      mpTool(tool)
+{
+    makeForms(StartSplitSize);
+    add(mpHorizontalBar);
+    add(mpVerticalBar);
+    addMarkerTrack();
+}
+
+sPoint SequencerTool::TrackForm::getScrollBarPosition() const
+{
+    return sPoint(mpHorizontalBar->getBarPosition(), mpVerticalBar->getBarPosition());
+}
+
+void SequencerTool::TrackForm::setScrollBarPosition(const sPoint& position)
+{
+    mpHorizontalBar->setBarPosition(position.x);
+    mpVerticalBar->setBarPosition(position.y);
+}
+
+void SequencerTool::TrackForm::reset()
+{
+    const unsigned int splitSize = mpSplitter->getSplitSize();
+    mpSplitter->remove();
+    delete mpSplitter;
+    makeForms(splitSize);
+    addMarkerTrack();
+    if (isCreated())
+        mpSplitter->sendMessage(UICreateMessage(), this);
+}
+
+void SequencerTool::TrackForm::addMarkerTrack()
+{
+    mpHeaderForm->addClient(new MarkerInfo(this));
+    mpSequenceForm->addClient(new MarkerSequence(this));
+}
+
+void SequencerTool::TrackForm::addTrack(SequencerTrack* track)
+{
+    TrackInfo* info = new TrackInfo(track, this);
+    mpHeaderForm->addClient(info);
+    mpSequenceForm->addClient(new TrackSequence(track, info, this));
+}
+
+void SequencerTool::TrackForm::addLane(SequencerLane* lane, SequencerTrack* track)
+{
+    UIBase* info = mpHeaderForm->findKey(track);
+    UIBase* sequence = mpSequenceForm->findKey(track);
+    if (!info || !sequence)
+        return;
+    static_cast<UITrack*>(info)->addLane<LaneInfo>(lane);
+    static_cast<UITrack*>(sequence)->addLane<LaneSequence>(lane);
+}
+
+void SequencerTool::TrackForm::update(float deltaTime)
+{
+    const int right = static_cast<int>(getSize().width) - static_cast<int>(mpVerticalBar->getMinimumSize().width);
+    const int bottom = static_cast<int>(getSize().height) - static_cast<int>(mpHorizontalBar->getMinimumSize().height);
+    mpSplitter->setSize(makeSize(right, bottom));
+    placeBars(right, bottom);
+    updateVerticalBar();
+    UIBase::update(deltaTime);
+}
+
+void SequencerTool::TrackForm::makeForms(unsigned int splitSize)
+{
+    mpHeaderForm = new HeaderForm(this);
+    mpSequenceForm = new SequenceForm(this);
+    mpSplitter = new UISplitter(mpHeaderForm, mpSequenceForm, UISplitter::eSplitDirection::Beside, splitSize,
+                                UISplitter::eSplitBase::First);
+    add(mpSplitter);
+}
+
+// One runs below the frames, the other beside the rows.
+void SequencerTool::TrackForm::placeBars(int right, int bottom)
+{
+    const int left = static_cast<int>(mpSplitter->getSplitSize());
+    const int top = mpHeaderForm->getClientRegion().top;
+    mpHorizontalBar->setPosition(sPoint(left, bottom));
+    mpHorizontalBar->setSize(makeSize(right - left, 0));
+    mpHorizontalBar->setMaximum(static_cast<int>(MaximumFrame));
+    mpHorizontalBar->setBarRange(mpHorizontalBar->getSize().width);
+    mpVerticalBar->setPosition(sPoint(right, top));
+    mpVerticalBar->setSize(makeSize(0, bottom - top));
+}
+
+void SequencerTool::TrackForm::updateVerticalBar()
+{
+    const unsigned int height = mpHeaderForm->getClientExistRegion().getHeight();
+    const unsigned int view = mpHeaderForm->getViewHeight();
+    const bool isNeeded = height > view;
+    mpVerticalBar->setMaximum(isNeeded ? static_cast<int>(height) : 0);
+    mpVerticalBar->setBarRange(isNeeded ? view : 0);
+    if (isNeeded)
+        mpVerticalBar->sendMessage(UIEnableMessage(), this);
+    else
+        mpVerticalBar->sendMessage(UIDisableMessage(), this);
+}
