@@ -1,10 +1,10 @@
 #pragma once
 
+#include "sequencer/sequencer.h"
 #include "sequencer/sequencerrecord.h"
 #include "tool/toolbase.h"
 
 class ControlBase;
-class Sequencer;
 class SequencerKey;
 class SequencerLane;
 class SequencerMarker;
@@ -179,6 +179,9 @@ private:
 
     // Whether all changes of the resource are the tool's own.
     bool isUpToDate() const;
+    void noteRevision();
+    void placeHeader();
+    const Sequencer::sTrackData* getTrackData(unsigned int trackIndex) const;
     void clearSelection();
     void addRows();
     void refreshControlForm();

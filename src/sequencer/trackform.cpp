@@ -6,6 +6,7 @@
 #include "sequencer/uimarker.h"
 #include "sequencer/uitrack.h"
 #include "ui/uiaxis.h"
+#include "ui/uikeycode.h"
 #include "ui/uiscrollbar.h"
 #include "ui/uisplitter.h"
 
@@ -78,6 +79,14 @@ void SequencerTool::TrackForm::update(float deltaTime)
     placeBars(right, bottom);
     updateVerticalBar();
     UIBase::update(deltaTime);
+}
+
+void SequencerTool::TrackForm::eventKeyDown(unsigned int keyCode, unsigned int combinationKey)
+{
+    if (combinationKey == 0 && (keyCode == UIKeyCode::LeftArrow || keyCode == UIKeyCode::RightArrow))
+        mpTool->stepSelection(keyCode == UIKeyCode::RightArrow);
+    else
+        delegate();
 }
 
 void SequencerTool::TrackForm::makeForms(unsigned int splitSize)

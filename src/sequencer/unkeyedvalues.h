@@ -5,7 +5,7 @@
 class Sequencer;
 
 // What the live objects of a sequencer hold beside what its keys give them. A sequencer that follows a change of its
-// resource makes its objects anew; whoever edits notes these values before and puts them back behind it.
+// resource makes its objects anew; whoever edits notes these values before, and puts them back behind it.
 class UnkeyedValues
 {
 public:
@@ -15,13 +15,14 @@ public:
     UnkeyedValues(const UnkeyedValues&) = delete;
     UnkeyedValues& operator=(const UnkeyedValues&) = delete;
 
+    // Once.
     void note(const Sequencer& sequencer);
 
-    // Only where a track still has an object of the same class, and what has keys by now keeps their value.
+    // Where a track still has an object of the same class. What has keys by now is left to them.
     void restore(const Sequencer& sequencer) const;
 
 private:
-    struct sValue;
+    struct sTrack;
 
-    List<sValue> mValue;
+    List<sTrack> mTrack;
 };
