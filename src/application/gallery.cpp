@@ -2,6 +2,7 @@
 
 #include "application/exhibitwindow.h"
 #include "application/galleryelement.h"
+#include "application/galleryvalues.h"
 #include "ui/uibutton.h"
 #include "ui/uigroup.h"
 #include "ui/uimainmenu.h"
@@ -252,6 +253,13 @@ void buildQuestions(ExhibitWindow& window)
     window.addReport();
 }
 
+void buildValues(ExhibitWindow& window)
+{
+    GalleryValues* edited = new GalleryValues("Edited");
+    window.addClient(edited);
+    window.addClient(new GalleryValues("Read-only", *edited));
+}
+
 void buildNothing(ExhibitWindow&)
 {
 }
@@ -273,6 +281,7 @@ constexpr sExhibit ExhibitTable[] = {
     {"A title that is longer than its window", {776, 464, 936, 528}, Sizable, Flow, true, buildNothing},
     {"Neither moved nor sized", {528, 528, 704, 592}, UIWindow::TitleBar, Flow, false, buildNothing},
     {nullptr, {712, 528, 776, 592}, 0, Flow, false, buildNothing},
+    {"Values", {472, 600, 768, 760}, Sizable, Flow, false, buildValues},
 };
 }
 

@@ -15,7 +15,7 @@ constexpr sSize MinimumSize{64, 32};
 
 UIFlagGroupControl::UIFlagGroupControl(PropertyBase* property, const sMaskInfo* table, unsigned int count, bool disable,
                                        unsigned int index)
-    : UIControl(property, disable, index), mpForm(new UIForm(UIForm::FlowLayout))
+    : UIControl(property, disable, index, RowElement), mpForm(new UIForm(UIForm::FlowLayout))
 {
     requireType(AcceptedTypes, "Property type missmatch.");
     setMinimumSize(MinimumSize);

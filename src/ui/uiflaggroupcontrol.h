@@ -5,7 +5,8 @@
 
 class UIForm;
 
-// The named bits of an integer as a group of boxes to tick. Its height follows from its width.
+// The named bits of an integer as a group of boxes to tick. It takes a row of its own, and its height follows from its
+// width.
 class UIFlagGroupControl : public UIControl
 {
 public:
