@@ -239,8 +239,10 @@ void* DrawContext::allocateCommandBuffer(unsigned int size)
 void* DrawContext::allocateVertexMemory(unsigned int stride, unsigned int count)
 {
     unsigned char* memory = static_cast<unsigned char*>(allocateCommandBuffer((count + 1) * stride));
-    const auto offset = memory - static_cast<const unsigned char*>(mSystem.getCommandMemory());
-    const unsigned int beyond = static_cast<unsigned int>(offset) % stride;
+    const auto offset =
+        static_cast<unsigned int>(memory - static_cast<const unsigned char*>(mSystem.getCommandMemory()));
+    const unsigned int beyond = stride == sizeof(sPlainDeviceVertex) ? offset % sizeof(sPlainDeviceVertex)
+                                                                     : offset % sizeof(sTexturedDeviceVertex);
     return beyond ? memory + stride - beyond : memory;
 }
 

@@ -9,7 +9,11 @@
 #include "resource/temporaryblock.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
+
+#include <emmintrin.h>
 
 REFLECT(ToolSystem, eTypeAttribute::Singleton, "System");
 
@@ -24,9 +28,24 @@ sVector toVector(const sPoint& point)
     return {point.x, point.y};
 }
 
+// In whole words: the four bytes of a colour would be stored one by one, and what reads the vertex next would wait for
+// each of them.
+void writeVertex(sPlainVertex*& vertex, const sVector& position, sColor color)
+{
+    vertex->position = position;
+    std::memcpy(&vertex->color, &color, sizeof(color));
+    ++vertex;
+}
+
 void writeVertex(sTexturedVertex*& vertex, const sVector& position, sColor color, int s, int t)
 {
-    *vertex++ = {position, color, static_cast<short>(s), static_cast<short>(t)};
+    const auto low = static_cast<std::uint64_t>(static_cast<unsigned int>(position.x.getRaw())) |
+                     static_cast<std::uint64_t>(static_cast<unsigned int>(position.y.getRaw())) << 32;
+    const auto texcoord = static_cast<unsigned int>(static_cast<unsigned short>(s)) |
+                          static_cast<unsigned int>(static_cast<unsigned short>(t)) << 16;
+    const auto high = std::bit_cast<unsigned int>(color) | static_cast<std::uint64_t>(texcoord) << 32;
+    const __m128i words = _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(vertex++), words);
 }
 
 template <typename Vertex>
@@ -126,10 +145,10 @@ void ToolSystem::makeUIList(List<UIBase>&)
 void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3)
 {
     auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Quads, 4);
-    vertex[0] = {sVector(rect.left, rect.top), c0};
-    vertex[1] = {sVector(rect.right, rect.top), c1};
-    vertex[2] = {sVector(rect.left, rect.bottom), c2};
-    vertex[3] = {sVector(rect.right, rect.bottom), c3};
+    writeVertex(vertex, sVector(rect.left, rect.top), c0);
+    writeVertex(vertex, sVector(rect.right, rect.top), c1);
+    writeVertex(vertex, sVector(rect.left, rect.bottom), c2);
+    writeVertex(vertex, sVector(rect.right, rect.bottom), c3);
 }
 
 void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3,
@@ -146,9 +165,9 @@ void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoi
                               sColor c1, sColor c2)
 {
     auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Triangles, 3);
-    vertex[0] = {toVector(p0), c0};
-    vertex[1] = {toVector(p1), c1};
-    vertex[2] = {toVector(p2), c2};
+    writeVertex(vertex, toVector(p0), c0);
+    writeVertex(vertex, toVector(p1), c1);
+    writeVertex(vertex, toVector(p2), c2);
 }
 
 void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
@@ -163,8 +182,8 @@ void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoi
 void ToolSystem::drawLine(DrawContext* context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1)
 {
     auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Lines, 2);
-    vertex[0] = {toVector(p0), c0};
-    vertex[1] = {toVector(p1), c1};
+    writeVertex(vertex, toVector(p0), c0);
+    writeVertex(vertex, toVector(p1), c1);
 }
 
 void ToolSystem::drawString(DrawContext* context, const sPoint& position, const char* text, unsigned int size,
