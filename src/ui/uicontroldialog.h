@@ -1,7 +1,8 @@
 #pragma once
 
-#include "sequencer/control.h"
 #include "ui/uipickdialog.h"
+
+class ControlBase;
 
 // Picks one of the controls by which an object can be driven.
 class UIControlDialog : public UIPickDialog
@@ -16,7 +17,7 @@ public:
         void makePropertyList(PropertyList& list) override;
 
         const AutoString& getName() const { return mName; }
-        ControlBase::eControlType getType() const { return static_cast<ControlBase::eControlType>(mType); }
+        unsigned int getType() const { return mType; }
 
     private:
         AutoString mName;
@@ -33,9 +34,10 @@ public:
         initializeControlDialog(object);
     }
 
-    // Null for an empty name. A typed name leaves the type that was selected last.
+    // Null for an empty name. The type, a ControlBase::eControlType, is that of the row that was selected last, also
+    // when another name was typed since.
     const char* getSelectedControlName() const { return mName.c_str(); }
-    ControlBase::eControlType getSelectedControlType() const { return mSelectedType; }
+    unsigned int getSelectedControlType() const { return mSelectedType; }
 
 protected:
     const char* getSubject() const override { return mTypeName; }
@@ -46,7 +48,7 @@ private:
     void notifyObjectSelect(unsigned int row);
     void notifyObjectDecide(unsigned int row);
 
-    ControlBase::eControlType mSelectedType = ControlBase::eControlType::Property;
+    unsigned int mSelectedType = 0;
 
     // Of the object's class.
     const char* mTypeName = nullptr;

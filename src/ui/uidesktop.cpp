@@ -2,11 +2,12 @@
 
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
-#include "render/texture.h"
-#include "resource/textureresource.h"
+#include "resource/resourcebase.h"
+#include "ui/texturepreview.h"
+#include "ui/uifiledialog.h"
 #include "ui/uimainmenu.h"
 #include "ui/uimenu.h"
-#include "ui/uipainter.h"
+#include "ui/uisystem.h"
 
 namespace
 {
@@ -23,11 +24,7 @@ constexpr Row MenuRows[] = {
     {"Change Wallpaper", &UIDesktop::changeWallpaper},
 };
 
-Texture* getTexture(ResourceBase* resource)
-{
-    const TextureResource* picture = resource ? resource->cast<TextureResource>() : nullptr;
-    return picture ? picture->getTexture() : nullptr;
-}
+constexpr const char* WallpaperFilters[] = {"tex|Texture", "bmp|Bitmap", "tga|Targa", nullptr};
 }
 
 UIDesktop::UIDesktop()
@@ -59,6 +56,19 @@ void UIDesktop::launchSystemManager()
 
 void UIDesktop::changeWallpaper()
 {
+    UISystem::getInstance()->addWindow(new UIFileDialog("Texture open", this, &UIDesktop::notifySelectWallpaper,
+                                                        "All Texture", WallpaperFilters, false, nullptr));
+}
+
+void UIDesktop::notifySelectWallpaper(UIDialog* dialog)
+{
+    if (dialog->getReturnValue() != UIDialog::Ok)
+        return;
+    ResourceBase* wallpaper = static_cast<UIFileDialog*>(dialog)->createResource();
+    if (!wallpaper)
+        return;
+    setWallpaper(wallpaper);
+    wallpaper->release();
 }
 
 void UIDesktop::makePropertyList(PropertyList& list)
@@ -72,12 +82,6 @@ void UIDesktop::makeUIList(List<UIBase>&)
 
 void UIDesktop::eventPaint(UIPainter* painter)
 {
-    Texture* texture = getTexture(mWallpaper);
-    if (!texture)
-        return;
-    painter->setBlendMode(UIPainter::eBlendMode::Opaque);
-    painter->setTextureFiltering(UIPainter::eTextureFiltering::Linear);
-    painter->setTexture(texture);
-    painter->drawRect(getOwnRegion(), sColor::White, sTexcoord(0, 0),
-                      sTexcoord(static_cast<int>(texture->getWidth()), static_cast<int>(texture->getHeight())));
+    if (Texture* texture = TexturePreview::getTexture(mWallpaper))
+        TexturePreview::paint(painter, getOwnRegion(), texture);
 }

@@ -3,6 +3,7 @@
 #include "ui/uibase.h"
 
 class ResourceBase;
+class UIDialog;
 class UIMainMenu;
 
 // The element behind all windows: it paints the wallpaper and has a menu of its own.
@@ -23,6 +24,9 @@ public:
     // What the menu opens: the inspector of the systems, and the choice of a wallpaper.
     void launchSystemManager();
     void changeWallpaper();
+
+    // The choice was made. What cannot be had, or not be named in a document, leaves the wallpaper as it is.
+    void notifySelectWallpaper(UIDialog* dialog);
 
     void makePropertyList(PropertyList& list) override;
     void makeUIList(List<UIBase>& list) override;

@@ -75,7 +75,7 @@ public:
     // loaded, and for a picture without a texture.
     [[nodiscard]] ResourceBase* createResource() const;
 
-    // `path` is below the root; it is empty or ends in "/".
+    // `path` is below the root and ends in "/"; null is the root itself.
     void setCurrentDirectory(eRootDirectory root, const char* path);
 
     // Reads the current directory anew, directories first.
@@ -90,10 +90,10 @@ protected:
 private:
     void initializeFileDialog(const char* allFilterName, const char* const* filters);
     void addFilters(const char* allFilterName, const char* const* filters);
-    void addFilterControl(const char* allFilterName);
     unsigned int countRowsOf(const char* fileName) const;
-    const FilterInfo* findFilter(const AutoString& fileName) const;
-    void changeDirectory(const AutoString& directory);
+
+    // The one of the picked name's extension, or null.
+    const FilterInfo* findFilter() const;
 
     void eventIntermediate(UIButton* button);
     void eventNative(UIButton* button);

@@ -135,10 +135,14 @@ void UIList::drawRow(UIPainter* painter, PropertyList* properties, const sRect& 
 void UIList::drawColumn(UIPainter* painter, PropertyBase* property, const sRect& rect, unsigned int alignment,
                         unsigned int row, unsigned int)
 {
-    const UIColorScheme& colors = UIPainter::getColors();
     char buffer[ValueTextSize];
-    painter->drawString(rect, property->getString(buffer, PropertyBase::CurrentElement),
-                        row == mSelectRow ? colors.mClientSelectFontColor : colors.mClientFontColor,
+    drawText(painter, property->getString(buffer, PropertyBase::CurrentElement), rect, alignment, row);
+}
+
+void UIList::drawText(UIPainter* painter, const char* text, const sRect& rect, unsigned int alignment, unsigned int row)
+{
+    const UIColorScheme& colors = UIPainter::getColors();
+    painter->drawString(rect, text, row == mSelectRow ? colors.mClientSelectFontColor : colors.mClientFontColor,
                         TextAlignments[alignment]);
 }
 

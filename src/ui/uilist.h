@@ -70,6 +70,9 @@ protected:
     void highlight(unsigned int row) override { setSelectRow(row); }
     void choose(unsigned int row) override { selectRow(row); }
 
+    // How drawColumn() draws its text, for lists that word a value in their own way.
+    void drawText(UIPainter* painter, const char* text, const sRect& rect, unsigned int alignment, unsigned int row);
+
 private:
     void notifyColumnButton(UIButton*) {}
     void updateProperties();

@@ -14,8 +14,8 @@ public:
     void eventPaint(UIPainter* painter) override;
 
 private:
-    int getBoxLeft() const;
-    int getBoxTop() const;
+    bool isElement() const { return getIndex() != WholeValue; }
+    sRect getBox() const;
 
     UITextControl* mBox;
 };

@@ -67,6 +67,7 @@ protected:
 
 private:
     void placeButton(UIButton* button, int left, unsigned int width);
+    static void place(UIBase* element, const sPoint& position, const sSize& size);
 
     ObjectList mRows;
     UIList* mList = nullptr;

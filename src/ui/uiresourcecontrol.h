@@ -7,6 +7,7 @@ class TypeInfo;
 class UIButton;
 class UIDialog;
 class UITextControl;
+class UIWindow;
 
 // Shows the path of the resource that a property holds, and picks another one with a file dialog. The context menu
 // takes it away. Each change is an edit of its own.
@@ -33,6 +34,7 @@ protected:
 
 private:
     void setResource(ResourceBase* resource);
+    UIWindow* getWindow();
 
     const TypeInfo* mType;
     UITextControl* mBox;

@@ -2,8 +2,6 @@
 
 #include "ui/uiresourcecontrol.h"
 
-class Texture;
-
 // Picks a picture and previews it; a double click on the preview shows it in a window. A resource that is no picture
 // counts as none: documents can name any class.
 class UITextureResourceControl : public UIResourceControl
@@ -18,6 +16,5 @@ protected:
     int getBoxTop() const override;
 
 private:
-    // Null for none.
-    Texture* getTexture() const;
+    sRect getPreview() const;
 };

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "sequencer/control.h"
+#include "reflection/numeric.h"
 #include "ui/uicontrol.h"
 
 #include <memory>
 
+class TriggerControlBase;
 class UIButton;
-class UINumericControl;
 
 // A button that fires a trigger, with a number box for its argument if it takes one. A trigger whose argument is no
 // number leaves the control empty.
@@ -14,18 +14,27 @@ class UITriggerControl : public UIControl
 {
 public:
     // Keeps a duplicate of the trigger.
-    UITriggerControl(TriggerControlBase* trigger, bool disable);
+    UITriggerControl(const TriggerControlBase* trigger, bool disable);
+    ~UITriggerControl() override;
 
     void apply(UIButton* button);
 
 private:
+    template <typename... Ts>
+    void initialize(TypeList<Ts...>, bool disable);
+
     template <typename T>
-    void initialize(bool disable);
-    void addButton(unsigned int height);
+    void initializeAs(bool disable);
+    void addButton();
+    void addBox(PropertyBase* argument, bool disable);
+
+    template <typename T>
+    void fire();
 
     std::unique_ptr<TriggerControlBase> mTrigger;
-    UINumericControl* mBox = nullptr;
-    UIButton* mButton = nullptr;
+
+    // What the button does; null without one.
+    void (UITriggerControl::*mFire)() = nullptr;
 
     // What the box edits, in the form of the argument's type.
     uNumeric mArgument;
