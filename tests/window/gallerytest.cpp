@@ -12,6 +12,8 @@
 #include "ui/uisplitter.h"
 #include "ui/uisystem.h"
 
+#include <clocale>
+
 namespace
 {
 testing::Environment* const display = testing::AddGlobalTestEnvironment(new Display);
@@ -296,4 +298,10 @@ TEST_F(GalleryTest, AWindowTakesItsOpenMenusWithIt)
     mDriver.strikeClose();
     EXPECT_EQ(find("Events"), nullptr);
     EXPECT_EQ(ui().getMenu(), nullptr);
+}
+
+TEST_F(GalleryTest, TheCloseBoxIsHeardAndTheWindowLeavesTheLocaleAlone)
+{
+    mDriver.pressCloseBox();
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }

@@ -135,6 +135,14 @@ void WindowDriver::strikeClose()
     setKey(KeyboardSystem::LeftAlt, false);
 }
 
+void WindowDriver::pressCloseBox()
+{
+    bool asked = false;
+    getWindowHandle()->setQuitHandler([](void* heard) { *static_cast<bool*>(heard) = true; }, &asked);
+    WindowManager(getTitle()).pressCloseBox();
+    waitFor("close box", [&asked] { return asked; });
+}
+
 std::vector<sColor> WindowDriver::read(const sRect& rect) const
 {
     std::vector<sColor> pixels(rect.getWidth() * rect.getHeight());

@@ -45,6 +45,9 @@ public:
     // Alt and F4.
     void strikeClose();
 
+    // As a window manager does it. The program is not asked, the driver hears of it in its place.
+    void pressCloseBox();
+
     // Of the last frame, without their alpha.
     std::vector<sColor> read(const sRect& rect) const;
     sColor read(const sPoint& point) const;
