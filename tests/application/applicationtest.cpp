@@ -6,6 +6,11 @@
 
 #include <csignal>
 
+namespace
+{
+constexpr Application::sInitializer Initializer = {"", 64, 48, 60, 20, 240};
+}
+
 TEST(ApplicationTest, KeepsTheStateOfTheMouse)
 {
     using enum eMouseEvent;
@@ -50,4 +55,18 @@ TEST(ApplicationTest, FramesRunUntilTheApplicationQuitsOrASignalComes)
     EXPECT_EQ(frames, 5u);
     EXPECT_EQ(application.execute(), 0);
     EXPECT_EQ(frames, 6u);
+}
+
+TEST(ApplicationDeathTest, StopsWithoutAWindow)
+{
+    struct PlainApplication : Application
+    {
+        PlainApplication() : Application(&Initializer) {}
+        void setup() override {}
+        void update(float) override {}
+    };
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const HeadlessPlace place;
+    place.getPlatform().refuseWindow();
+    EXPECT_DEATH(PlainApplication().execute(), "Application : InstallEventTimer failed.");
 }

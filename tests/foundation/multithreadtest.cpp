@@ -2,28 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <thread>
-
-namespace
-{
-class TestThread : public Thread
-{
-public:
-    explicit TestThread(std::function<void(TestThread&)> body) : Thread(4096), mBody(std::move(body)) {}
-
-    ~TestThread() override
-    {
-        terminate();
-        waitForTermination();
-    }
-
-private:
-    void execute() override { mBody(*this); }
-
-    std::function<void(TestThread&)> mBody;
-};
-}
 
 TEST(LockTest, LetsOneThreadInAtATimeAndThatOneTwice)
 {
@@ -69,29 +48,4 @@ TEST(SemaphoreTest, HandsWorkToAndFroWithAnEventWhetherTheOtherSleepsOrNot)
         EXPECT_EQ(back.wait(0xFFFFFFFF), 0u);
     }
     echo.join();
-}
-
-TEST(ThreadTest, RunsBehindItsGateUntilItIsToldToEnd)
-{
-    Event entered;
-    TestThread thread(
-        [&](TestThread& self)
-        {
-            entered.set();
-            while (!self.checkTerminateRequest())
-                Thread::yield();
-        });
-    EXPECT_EQ(entered.wait(5), 1u);
-    EXPECT_EQ(thread.getStatus(), Thread::Created);
-
-    thread.run();
-    EXPECT_EQ(entered.wait(0xFFFFFFFF), 0u);
-    EXPECT_EQ(thread.getStatus(), Thread::Running);
-
-    thread.terminate();
-    for (int i = 0; i < 2; ++i)
-    {
-        thread.waitForTermination();
-        EXPECT_EQ(thread.getStatus(), Thread::Terminated);
-    }
 }

@@ -33,7 +33,7 @@ TEST_F(RenderSystemTest, AFrameStartsWithEmptyCommandMemory)
         DrawContext* context = mSystem->popContext();
         addQuad(context, sRect(0, 0, 1, 1), sColor::White);
         mSystem->pushContext(context);
-        EXPECT_EQ(reinterpret_cast<const unsigned char*>(&onlyDraw()), memory + 8) << "the first block is the next";
+        EXPECT_EQ(reinterpret_cast<const unsigned char*>(sorted().at(0)), memory + 8) << "the first block is the next";
         mSystem->preprocess();
     }
 }

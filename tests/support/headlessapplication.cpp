@@ -25,10 +25,6 @@ HeadlessPlace::~HeadlessPlace()
     std::filesystem::remove_all(mRoot, error);
 }
 
-HeadlessApplication::HeadlessApplication() : HeadlessApplication(Initializer)
-{
-}
-
-HeadlessApplication::HeadlessApplication(const sInitializer& initializer) : Application(&initializer)
+HeadlessApplication::HeadlessApplication() : Application(&Initializer)
 {
 }

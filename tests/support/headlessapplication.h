@@ -29,7 +29,6 @@ class HeadlessApplication : public HeadlessPlace, public Application
 {
 public:
     HeadlessApplication();
-    explicit HeadlessApplication(const sInitializer& initializer);
 
     void setup() override {}
     void update(float deltaTime) override

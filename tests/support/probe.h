@@ -46,7 +46,6 @@ public:
     void eventBeginEdit() override { tell("begin"), Base::eventBeginEdit(); }
     void eventEndEdit() override { tell("end"), Base::eventEndEdit(); }
     void eventTimer(float) override { ++mTimerNum; }
-    void eventCustom(const UIMessage& message) override { tell("custom", message.getType()); }
 
     using Base::delegate;
 

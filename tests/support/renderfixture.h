@@ -45,14 +45,6 @@ protected:
         return commands;
     }
 
-    // The one draw command of the frame.
-    const sDrawCommand& onlyDraw()
-    {
-        const std::vector<const sCommand*> commands = sorted();
-        EXPECT_EQ(commands.size(), 1u);
-        return static_cast<const sDrawCommand&>(*commands.at(0));
-    }
-
     // Ends the frame as the program does and begins the next one.
     void show()
     {
