@@ -175,6 +175,15 @@ ResourceBase* ResourceSystem::createResource(const char* path, const TypeInfo* t
     return path ? createResourceInternal(path, type) : createNewResource(type);
 }
 
+ResourceBase* ResourceSystem::findResource(const char* path)
+{
+    const SystemLock lock(*this);
+    ResourceBase* resource = mRegistry.find(Utils::hash(path));
+    if (resource)
+        resource->addRef();
+    return resource;
+}
+
 void ResourceSystem::createResourceAsync(const char* path, const TypeInfo* type, LoadCallback* callback)
 {
     const SystemLock lock(*this);

@@ -37,6 +37,9 @@ public:
         return static_cast<T*>(createResource(path, T::getStaticTypeInfo()));
     }
 
+    // The registered resource of that path, with a reference for the caller, or null. Nothing is loaded.
+    [[nodiscard]] ResourceBase* findResource(const char* path);
+
     // Queues the load. `path` must live until the callback has run, which happens on the load thread with the
     // resource (and a reference to it) or null. The system owns the callback. At most 256 entries wait at a time.
     void createResourceAsync(const char* path, const TypeInfo* type, LoadCallback* callback);

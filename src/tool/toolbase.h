@@ -73,28 +73,46 @@ protected:
 
 private:
     using Answer = void (ToolBase::*)(UIDialog*);
+    using Finish = void (ToolBase::*)();
 
-    // What a dialog has been asked for: the file, and what becomes of the tool once it is written.
+    struct sRelease
+    {
+        void operator()(ResourceBase* resource) const;
+    };
+    using ResourceHold = std::unique_ptr<ResourceBase, sRelease>;
+
+    // The file that a dialog has been answered with, and what is to happen to it.
     struct sTarget
     {
         AutoString fullPath;
         AutoString resourcePath;
-        void (ToolBase::*finish)(const sTarget& target) = nullptr;
+        Finish finish = nullptr;
     };
 
+    // The managed resource or, for want of one, an instance of its type: for what is the same in all of them.
+    ResourceHold getKind() const;
+
     void open(UIDialog* dialog);
-    void askWhetherToSave(Answer answer);
-    void askForFile(const char* title, const char* extension, bool isSaving, Answer answer);
-    void askForTarget(Answer answer);
-    AutoString getExtension() const;
+    void ask(const char* question, Answer answer);
+    [[nodiscard]] bool askWhetherToSave(Answer answer);
+    void askForFile(const char* title, bool isSaving, Answer answer);
 
     void notifyLoad(UIDialog* dialog);
     void notifyLoadModifyWarning(UIDialog* dialog);
-    void notifyLoadSaving(UIDialog* dialog);
+    void notifyLoadSaving(UIDialog* dialog) { acceptTarget(dialog, &ToolBase::saveAndLoad); }
     void notifyCloseModifyWarning(UIDialog* dialog);
-    void notifyCloseSaving(UIDialog* dialog);
-    void notifySaving(UIDialog* dialog);
+    void notifyCloseSaving(UIDialog* dialog) { acceptTarget(dialog, &ToolBase::saveAndClose); }
+    void notifySaving(UIDialog* dialog) { acceptTarget(dialog, &ToolBase::saveAndSwitch); }
     void notifyOverwrite(UIDialog* dialog);
+
+    // Once it is certain that an existing file may be replaced, mTarget is finished.
+    void acceptTarget(UIDialog* dialog, Finish finish);
+    bool isForeignFile(const AutoString& fullPath) const;
+    void saveAndLoad();
+    void saveAndClose();
+    void saveAndSwitch();
+    [[nodiscard]] bool saveTarget() const;
+    [[nodiscard]] static bool writeDocument(ResourceBase& resource, const AutoString& fullPath);
 
     const char* mResourceName = nullptr;
     const TypeInfo* mpResourceType = nullptr;
