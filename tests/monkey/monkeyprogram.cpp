@@ -14,7 +14,7 @@ int main(int argumentNum, char** arguments)
         return static_cast<unsigned int>(std::strtoul(arguments[i], nullptr, 10));
     };
     HeadlessInterface interface(number(3));
-    Monkey monkey(interface, number(2));
+    Monkey monkey(interface, Monkey::GalleryStage, number(2));
     const bool sound = monkey.run(number(1));
     monkey.print();
     return sound ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -5,6 +5,7 @@
 #include "ui/uidesktop.h"
 #include "ui/uimainmenu.h"
 #include "ui/uimenuchain.h"
+#include "ui/uiwindow.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,8 +22,11 @@ constexpr unsigned int LongMilliseconds = 400;
 // Between a press and its release; what is shorter is a click.
 constexpr int DragDistance = 4;
 
-// What elements listen to, by usage: Return, Escape, Space, the arrows, a letter, F4, and the modifiers.
-constexpr unsigned char KeyTable[] = {40, 40, 41, 44, 79, 80, 81, 82, 4, 61, 224, 225, 226};
+// What elements listen to, by usage: Return, Escape, Space, the arrows, Home, End, letters, F4, F5, and the modifiers.
+constexpr unsigned char KeyTable[] = {40, 40, 41, 44, 79, 80, 81, 82, 74, 77, 4, 5, 61, 62, 224, 225, 226};
+
+// What is typed into boxes: letters, digits, minus and point, Backspace and Delete.
+constexpr unsigned char TextTable[] = {4, 5, 6, 30, 31, 38, 39, 45, 55, 42, 76};
 
 // Whether an element is the menu, or one of those that it can open; a menu and the bar of menus are alike in this.
 template <typename Menu>
@@ -49,15 +53,24 @@ bool isInTree(const UIBase* root, const UIBase* element)
 }
 
 const Monkey::sEventRow Monkey::EventTable[] = {
-    {16, &Monkey::moveToElement},    {6, &Monkey::moveToMenu},    {5, &Monkey::moveAnywhere}, {12, &Monkey::moveAside},
-    {30, &Monkey::pressOrRelease},   {14, &Monkey::clickElement}, {8, &Monkey::clickMenu},    {3, &Monkey::turnWheel},
-    {8, &Monkey::pressOrReleaseKey}, {3, &Monkey::openWindow},    {1, &Monkey::closeWindow},  {2, &Monkey::waitLong},
+    {16, &Monkey::moveToElement},    {6, &Monkey::moveToMenu},      {5, &Monkey::moveAnywhere},
+    {12, &Monkey::moveAside},        {30, &Monkey::pressOrRelease}, {14, &Monkey::clickElement},
+    {8, &Monkey::chooseFromMenu},    {4, &Monkey::typeText},        {3, &Monkey::turnWheel},
+    {8, &Monkey::pressOrReleaseKey}, {3, &Monkey::openWindow},      {1, &Monkey::closeWindow},
+    {2, &Monkey::waitLong},
 };
 
-Monkey::Monkey(HeadlessInterface& interface, unsigned int seed)
-    : mInterface(interface), mSystem(*interface.mSystem), mRandom(seed), mSeed(seed)
+const sMonkeyStage Monkey::GalleryStage = {"gallery", Gallery::openAll,
+                                           [](unsigned int number)
+                                           {
+                                               const std::span<const sExhibit> exhibits = Gallery::getExhibits();
+                                               Gallery::open(exhibits[number % exhibits.size()]);
+                                           }};
+
+Monkey::Monkey(HeadlessInterface& interface, const sMonkeyStage& stage, unsigned int seed)
+    : mInterface(interface), mSystem(*interface.mSystem), mRandom(seed), mStage(stage), mSeed(seed)
 {
-    Gallery::openAll();
+    mStage.openAll();
     runFrame();
 }
 
@@ -142,10 +155,46 @@ void Monkey::clickElement()
     click(1);
 }
 
-void Monkey::clickMenu()
+// As far into the menus as the pointer gets, and a click there.
+void Monkey::chooseFromMenu()
 {
-    moveToMenu();
+    if (!mSystem.getMenu())
+        openMenu();
+    for (int depth = choose(3); depth > 0; --depth)
+    {
+        moveToMenu();
+        runFrame();
+    }
+    const bool open = mSystem.getMenu() != nullptr;
     click(1);
+    if (open && !mSystem.getMenu())
+        ++mTally["menus"];
+}
+
+// That of an element, or of a title in the bar of the active window.
+void Monkey::openMenu()
+{
+    const UIBase* element = choose(2) ? chooseElement() : nullptr;
+    while (element && !element->getMenu())
+        element = element->getParent();
+    if (!element)
+        moveToMenu();
+    else
+        moveTo(choosePoint(element->getDrawRegion()));
+    click(element ? 2 : 1);
+}
+
+void Monkey::typeText()
+{
+    clickElement();
+    for (int length = choose(4); length > 0; --length)
+    {
+        const unsigned char key = TextTable[choose(std::size(TextTable))];
+        if (!mKeys.contains(key))
+            mInterface.pressKey(key);
+    }
+    if (choose(2))
+        mInterface.pressKey(KeyTable[0]);
 }
 
 void Monkey::turnWheel()
@@ -165,11 +214,10 @@ void Monkey::pressOrReleaseKey()
 // Few windows are no crowd to fight with.
 void Monkey::openWindow()
 {
-    const std::span<const sExhibit> exhibits = Gallery::getExhibits();
     if (mSystem.getWindowList().size() < MinimumWindowNum)
-        Gallery::openAll();
+        mStage.openAll();
     else if (mSystem.getWindowList().size() < MaximumWindowNum)
-        Gallery::open(exhibits[mRandom() % exhibits.size()]);
+        mStage.openOne(mRandom());
 }
 
 void Monkey::closeWindow()
@@ -237,21 +285,22 @@ void Monkey::runFrame()
 {
     mInterface.wait(FrameMilliseconds);
     mInterface.runFrame();
-    readReports();
+    ++mTally["frames"];
+    countWindows();
 }
 
-// Takes the reports of the exhibits back, so that each counts once.
-void Monkey::readReports()
+void Monkey::countWindows()
 {
-    ++mTally["frames"];
-    for (const sExhibit& exhibit : Gallery::getExhibits())
-        for (ObjectBase* object : mSystem.getWindowList())
-            if (ExhibitWindow* window = static_cast<ExhibitWindow*>(object);
-                window->getTitle() == exhibit.title && window->getReport())
-            {
-                ++mTally[exhibit.title];
-                window->report(AutoString());
-            }
+    std::map<const UIWindow*, bool> present;
+    for (unsigned int i = 0; i < mSystem.getWindowList().size(); ++i)
+    {
+        const UIWindow* window = getWindow(i);
+        present[window] = window->isModalWindow();
+        mTally["windows"] += !mWindows.contains(window);
+    }
+    for (const auto& [window, modal] : mWindows)
+        mTally["dialogs"] += modal && !present.contains(window);
+    mWindows.swap(present);
 }
 
 // Null if all is well, or else what is gone.
@@ -270,7 +319,7 @@ const char* Monkey::findFault() const
 
 void Monkey::print() const
 {
-    std::printf("Monkey of seed %u:", mSeed);
+    std::printf("Monkey of seed %u at the %s:", mSeed, mStage.name);
     for (const auto& [name, count] : mTally)
         std::printf(" %u %s", count, name.c_str());
     std::printf("\n");

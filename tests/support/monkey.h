@@ -9,18 +9,30 @@
 
 class UIWindow;
 
-// Does to the gallery what nobody would: moves, buttons, the wheel, keys, windows that come and go, in an order that a
+// Where a monkey is let loose.
+struct sMonkeyStage
+{
+    const char* name;
+    void (*openAll)();
+
+    // Opens a window of those that there are, which the number decides.
+    void (*openOne)(unsigned int number);
+};
+
+// Does to a stage what nobody would: moves, buttons, the wheel, keys, windows that come and go, in an order that a
 // seed decides. It has no aim but to get everywhere, and watches that the interface refers to nothing that is gone.
 class Monkey
 {
 public:
-    // Opens the gallery.
-    Monkey(HeadlessInterface& interface, unsigned int seed);
+    Monkey(HeadlessInterface& interface, const sMonkeyStage& stage, unsigned int seed);
+
+    static const sMonkeyStage GalleryStage;
 
     // False, and a line that says what and when, as soon as something refers to what is not there.
     [[nodiscard]] bool run(unsigned int eventNum);
 
-    // How often each exhibit has reported something, by its title; also "drags" that have ended, and "frames".
+    // "windows" that have opened, "menus" that were clicked and closed by it, modal "dialogs" that were answered,
+    // "drags" that have ended, and "frames".
     const std::map<std::string, unsigned int>& getTally() const { return mTally; }
     void print() const;
 
@@ -40,7 +52,9 @@ private:
     void moveAside();
     void pressOrRelease();
     void clickElement();
-    void clickMenu();
+    void chooseFromMenu();
+    void openMenu();
+    void typeText();
     void turnWheel();
     void pressOrReleaseKey();
     void openWindow();
@@ -56,17 +70,19 @@ private:
     void click(unsigned int button);
     void releaseAll();
     void runFrame();
-    void readReports();
+    void countWindows();
     const char* findFault() const;
     bool isAlive(const UIBase* element) const;
 
     HeadlessInterface& mInterface;
     UISystem& mSystem;
     std::mt19937 mRandom;
+    const sMonkeyStage& mStage;
     unsigned int mSeed;
     std::map<std::string, unsigned int> mTally;
     sPoint mPointer = sPoint::Zero;
     sPoint mPressPlace = sPoint::Zero;
     unsigned int mButtons = 0;
     std::set<unsigned char> mKeys;
+    std::map<const UIWindow*, bool> mWindows; // those of the last frame, and whether they are modal
 };
