@@ -6,6 +6,7 @@ using bench::eDriver;
 using Row = bench::sWorkerRow;
 
 constexpr Row Own{"UISystem", "interface", ""};
+constexpr Row Bound{"controls of properties", "interface", "bound"};
 constexpr Row ImGui2{"Dear ImGui, opengl2", "imgui", "2"};
 constexpr Row ImGui3{"Dear ImGui, opengl3", "imgui", "3"};
 
@@ -35,4 +36,8 @@ const bench::Goal finished(6, "interface of 1000 elements to the finished pictur
                            [] {
                                return makeWorkers("1000 0 2", eDriver::Software, {Own, ImGui2, ImGui3});
                            });
+const bench::Goal inspector(16, "inspector of 1000 bound controls, beside 1000 plain elements", 1.5,
+                            [] {
+                                return makeWorkers("1000 0 0", eDriver::Null, {Bound, Own});
+                            });
 }

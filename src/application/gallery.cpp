@@ -2,13 +2,16 @@
 
 #include "application/exhibitwindow.h"
 #include "application/galleryelement.h"
+#include "application/gallerystructures.h"
 #include "application/galleryvalues.h"
+#include "tool/toolsystem.h"
 #include "ui/uibutton.h"
 #include "ui/uigroup.h"
 #include "ui/uimainmenu.h"
 #include "ui/uiscrollbar.h"
 #include "ui/uisplitter.h"
 #include "ui/uisystem.h"
+#include "ui/uitexture.h"
 
 namespace
 {
@@ -260,6 +263,20 @@ void buildValues(ExhibitWindow& window)
     window.addClient(new GalleryValues("Read-only", *edited));
 }
 
+void buildStructures(ExhibitWindow& window)
+{
+    GalleryStructures* edited = new GalleryStructures("Edited");
+    window.addClient(edited);
+    window.addClient(new GalleryStructures("Read-only", *edited));
+}
+
+void buildTexture(ExhibitWindow& window)
+{
+    UITexture* view = new UITexture;
+    view->setTexture(ToolSystem::getInstance()->getFontTexture());
+    window.addClient(view);
+}
+
 void buildNothing(ExhibitWindow&)
 {
 }
@@ -282,6 +299,8 @@ constexpr sExhibit ExhibitTable[] = {
     {"Neither moved nor sized", {528, 528, 704, 592}, UIWindow::TitleBar, Flow, false, buildNothing},
     {nullptr, {712, 528, 776, 592}, 0, Flow, false, buildNothing},
     {"Values", {472, 600, 768, 760}, Sizable, Flow, false, buildValues},
+    {"Structures", {8, 626, 296, 760}, Sizable, Flow, false, buildStructures},
+    {"Texture", {304, 626, 464, 760}, Sizable, UIForm::ScrollBars, false, buildTexture},
 };
 }
 

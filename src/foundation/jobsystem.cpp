@@ -165,10 +165,6 @@ void JobSystem::deallocateJob(void*)
 {
 }
 
-void JobSystem::makeUIList(List<UIBase>&)
-{
-}
-
 void JobSystem::createJobThread()
 {
     for (unsigned int i = 0; i + 1 < mJobThreadNum; ++i)

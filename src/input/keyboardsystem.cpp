@@ -40,10 +40,6 @@ void KeyboardSystem::update()
     mKeyTrgOff = mKeyPrevious - mKeyOn;
 }
 
-void KeyboardSystem::makeUIList(List<UIBase>&)
-{
-}
-
 // Several keyboards are one: a key that is down on any of them is down.
 void KeyboardSystem::readDevice(recDevice* device)
 {

@@ -49,7 +49,7 @@ public:
     void destroy() override;
     void update() override;
 
-    // Empty as long as there are no property controls.
+    // Defined in ui, like that of all systems below that folder.
     void makeUIList(List<UIBase>& list) override;
 
     bool checkKeyOn(eKeyCode key) const { return mKeyOn.contains(key); }

@@ -8,6 +8,8 @@ class KeySet
 {
 public:
     static constexpr unsigned int KeyNum = 256;
+    static constexpr unsigned int WordBits = 32;
+    static constexpr unsigned int WordNum = KeyNum / WordBits;
 
     // `key` is not checked.
     void add(unsigned int key) { mWord[key / WordBits] |= 1u << key % WordBits; }
@@ -31,10 +33,9 @@ public:
         return difference;
     }
 
-private:
-    static constexpr unsigned int WordBits = 32;
-    static constexpr unsigned int WordNum = KeyNum / WordBits;
-
     // Key k is bit k % 32 of word k / 32.
+    std::uint32_t* getWords() { return mWord; }
+
+private:
     std::uint32_t mWord[WordNum] = {};
 };

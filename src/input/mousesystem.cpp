@@ -34,7 +34,3 @@ void MouseSystem::update()
     mWheelPrevious = mWheelCurrent;
     mWheelCurrent = application.getWheelAmount();
 }
-
-void MouseSystem::makeUIList(List<UIBase>&)
-{
-}

@@ -19,7 +19,7 @@ public:
     void destroy() override;
     void update() override;
 
-    // Empty as long as there are no property controls.
+    // Defined in ui, like that of all systems below that folder.
     void makeUIList(List<UIBase>& list) override;
 
     // In the window's content; outside of it only during a drag.

@@ -35,10 +35,6 @@ void ObjectBase::makeControlList(List<ControlBase>&)
 {
 }
 
-void ObjectBase::makeUIList(List<UIBase>&)
-{
-}
-
 void ObjectBase::serialize(XmlWriter* writer, bool stable, unsigned int)
 {
     const unsigned int id = writeIdentity(writer, this);

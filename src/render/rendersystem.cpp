@@ -88,10 +88,6 @@ void RenderSystem::postprocess()
     ++mBuildFrame;
 }
 
-void RenderSystem::makeUIList(List<UIBase>&)
-{
-}
-
 DrawContext* RenderSystem::popContext()
 {
     DrawContext* context = mFreeContext.pop();

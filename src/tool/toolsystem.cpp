@@ -138,10 +138,6 @@ void ToolSystem::postprocess()
     mpContext = nullptr;
 }
 
-void ToolSystem::makeUIList(List<UIBase>&)
-{
-}
-
 void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3)
 {
     auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Quads, 4);

@@ -3,11 +3,13 @@
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
 #include "resource/resourcebase.h"
+#include "ui/systeminfowindow.h"
 #include "ui/texturepreview.h"
 #include "ui/uifiledialog.h"
 #include "ui/uimainmenu.h"
 #include "ui/uimenu.h"
 #include "ui/uisystem.h"
+#include "ui/uitextureresourcecontrol.h"
 
 namespace
 {
@@ -52,6 +54,7 @@ void UIDesktop::setWallpaper(ResourceBase* wallpaper)
 
 void UIDesktop::launchSystemManager()
 {
+    UISystem::getInstance()->addWindow(new SystemInfoWindow);
 }
 
 void UIDesktop::changeWallpaper()
@@ -76,8 +79,10 @@ void UIDesktop::makePropertyList(PropertyList& list)
     list.add(new ResourceProperty("Wallpaper", &mWallpaper));
 }
 
-void UIDesktop::makeUIList(List<UIBase>&)
+void UIDesktop::makeUIList(List<UIBase>& list)
 {
+    list.addLast(
+        new UITextureResourceControl(new ResourceProperty("Wallpaper", &mWallpaper), false, UIControl::WholeValue));
 }
 
 void UIDesktop::eventPaint(UIPainter* painter)

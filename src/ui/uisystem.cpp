@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "reflection/propertylist.h"
 #include "render/rendersystem.h"
+#include "ui/uicolorcontrol.h"
 #include "ui/uidesktop.h"
 #include "ui/uihit.h"
 #include "ui/uijobround.h"
@@ -149,8 +150,11 @@ void UISystem::makePropertyList(PropertyList& list)
     mDesktop->makePropertyList(list);
 }
 
-void UISystem::makeUIList(List<UIBase>&)
+void UISystem::makeUIList(List<UIBase>& list)
 {
+    for (const sUIColorRow& row : UIColorTable)
+        list.addLast(new UIColorControl(new ReferenceProperty<sColor>(row.property, &(this->*row.color)), false));
+    mDesktop->makeUIList(list);
 }
 
 // On purpose: windows that still wait are not compared, and the tool that is open already is not activated.

@@ -17,6 +17,7 @@ UITextureControl::UITextureControl(PropertyBase* property, unsigned int index) :
 {
     requireType(typeRange(ObjectType, ObjectType), "Property type missmatch.");
     setMinimumSize(MinimumSize);
+    setDefaultSize();
 }
 
 void UITextureControl::eventPaint(UIPainter* painter)

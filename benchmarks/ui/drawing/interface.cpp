@@ -8,13 +8,18 @@
 #include "render/rendersystem.h"
 #include "ui/uibutton.h"
 #include "ui/uicolor.h"
+#include "ui/uienumcontrol.h"
+#include "ui/uiflagcontrol.h"
+#include "ui/uigroup.h"
 #include "ui/uilist.h"
 #include "ui/uipainter.h"
+#include "ui/uiparametercontrol.h"
 #include "ui/uisystem.h"
 #include "ui/uiwindow.h"
 
 #include <cstdio>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -135,7 +140,46 @@ void addBlock(UIForm& form, const InterfaceTexts& texts)
     form.addClient(new RowList(texts));
 }
 
-void addWindow(const InterfaceTexts& texts, unsigned int number, unsigned int blockNum)
+// What the controls of an inspector edit.
+struct sValues
+{
+    bool flag = true;
+    int number = InterfaceTexts::getNumber(0);
+    AutoString text = "Text";
+    unsigned int choice = 1;
+};
+
+constexpr sEnumInfo Choices[] = {{"First", 0}, {"Second", 1}};
+constexpr unsigned int KindNum = 4;
+
+UIControl* makeControl(sValues& values, unsigned int kind)
+{
+    constexpr unsigned int Whole = UIControl::WholeValue;
+    switch (kind)
+    {
+    case 0:
+        return new UIFlagControl(new ReferenceProperty<bool>("Flag", &values.flag), UIFlagControl::WholeMask, false,
+                                 Whole);
+    case 1: return new UIParameterControl(new ReferenceProperty<int>("Number", &values.number), false, Whole);
+    case 2: return new UIParameterControl(new ReferenceProperty<AutoString>("Text", &values.text), false, Whole);
+    default:
+        return new UIEnumControl(new ReferenceProperty<unsigned int>("Choice", &values.choice), Choices,
+                                 std::size(Choices), false, Whole);
+    }
+}
+
+// As many controls of single values as a block has elements, a quarter of each kind.
+void addBoundBlock(UIForm& form, sValues& values)
+{
+    UIGroup* group = new UIGroup("Inspector");
+    group->setAttribute(UIBase::RowElement);
+    for (unsigned int i = 0; i < sInterfaceScene::BlockSize; ++i)
+        group->add(makeControl(values, i % KindNum));
+    form.addClient(group);
+}
+
+template <typename Fill>
+void addWindow(unsigned int number, Fill&& fill)
 {
     const sInterfaceScene::sPlace place = sInterfaceScene::getPlace(number);
     UIWindow* window = new UIWindow(UIWindow::eStyle::Convex, UIWindow::TitleBar | UIWindow::Movable, true, false,
@@ -143,8 +187,7 @@ void addWindow(const InterfaceTexts& texts, unsigned int number, unsigned int bl
     window->setTitle("Window");
     window->setPosition(sPoint(place.x, place.y));
     window->setSize({sInterfaceScene::BlockWidth, sInterfaceScene::BlockHeight});
-    for (unsigned int i = 0; i < blockNum; ++i)
-        addBlock(*window, texts);
+    fill(*window);
     UISystem::getInstance()->addWindow(window);
 }
 
@@ -165,12 +208,19 @@ void runFrame(sInterfaceScene::eEnd end)
 int draw(const sInterfaceScene& scene)
 {
     const InterfaceTexts texts;
+    sValues values;
     TestApp application(&Initializer);
     application.setup();
     if (!application.getWindowHandle())
         return EXIT_FAILURE;
-    for (unsigned int i = 0; i < (scene.scrolled ? 1 : scene.blockNum); ++i)
-        addWindow(texts, i, scene.scrolled ? scene.blockNum : 1);
+    const unsigned int windowNum = scene.scrolled ? 1 : scene.blockNum;
+    const auto fill = [&](UIForm& form)
+    {
+        for (unsigned int i = 0; i < scene.blockNum / windowNum; ++i)
+            scene.bound ? addBoundBlock(form, values) : addBlock(form, texts);
+    };
+    for (unsigned int i = 0; i < windowNum; ++i)
+        addWindow(i, fill);
     return serve([] {}, [&scene] { runFrame(scene.end); });
 }
 }

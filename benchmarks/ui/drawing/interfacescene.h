@@ -46,6 +46,9 @@ struct sInterfaceScene
     bool scrolled;
     unsigned int blockNum;
     eEnd end;
+
+    // The elements are controls that are bound to properties.
+    bool bound;
 };
 
 // Texts of a block, which both kinds of candidates keep by their address.
@@ -76,7 +79,7 @@ private:
     Texts mRow;
 };
 
-// Reads what the benchmark wrote on the command line: elements, whether they are scrolled, and the end.
+// Reads what the benchmark wrote on the command line: elements, whether they are scrolled, the end, and "bound".
 inline sInterfaceScene readInterfaceScene(int argumentNum, char** arguments)
 {
     if (argumentNum < 4)
@@ -86,5 +89,5 @@ inline sInterfaceScene readInterfaceScene(int argumentNum, char** arguments)
         return std::atoi(arguments[i]);
     };
     return {number(2) != 0, static_cast<unsigned int>(number(1)) / sInterfaceScene::BlockSize,
-            static_cast<sInterfaceScene::eEnd>(number(3))};
+            static_cast<sInterfaceScene::eEnd>(number(3)), argumentNum > 4 && std::strcmp(arguments[4], "bound") == 0};
 }

@@ -1,0 +1,139 @@
+#include "ui/uicomponentcontrol.h"
+
+#include "reflection/resourceproperty.h"
+#include "tests/support/elements.h"
+#include "ui/uicolorcontrol.h"
+#include "ui/uicontrolarray.h"
+#include "ui/uiform.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace
+{
+constexpr unsigned int ElementNum = 4;
+
+template <typename T>
+PropertyBase* share(T (&values)[ElementNum])
+{
+    return new ReferenceProperty<T>("Values", values, ElementNum);
+}
+
+// All children of a control are controls.
+UIControl& getChild(const UIBase& control, unsigned int row)
+{
+    return *static_cast<UIControl*>(*(control.getChildrenBegin() + static_cast<int>(row)));
+}
+
+// Each row of the control of element 2 gets its own number.
+template <typename Control, typename T>
+void expectThatRowsEditTheirElementAlone(const std::vector<std::string>& names)
+{
+    T values[ElementNum] = {};
+    T expected[ElementNum] = {};
+    const Control control(share(values), false, 2);
+    for (unsigned int row = 0; row < names.size(); ++row)
+    {
+        EXPECT_EQ(getChild(control, row).getProperty()->getName(), names[row]);
+        getChild(control, row).getProperty()->setString(std::to_string(row + 1).c_str());
+    }
+    float number = 0.0f;
+    const auto expect = [&]<typename Part>(Part& part)
+    {
+        part = static_cast<Part>(++number);
+    };
+    std::apply([&](auto... component) { (expect(expected[2].*component.target), ...); }, ValueTraits<T>::components);
+    EXPECT_EQ(std::memcmp(values, expected, sizeof(values)), 0) << names[0];
+}
+
+// Hears the edits of what lies in it.
+struct EditListener : UIBase
+{
+    void eventBeginEdit() override { mEdits += '('; }
+    void eventEndEdit() override { mEdits += ')'; }
+
+    std::string mEdits;
+};
+}
+
+TEST(UIComponentControlTest, EachRowEditsItsNumberOfItsElementAlone)
+{
+    expectThatRowsEditTheirElementAlone<UISizeControl, sSize>({"Width", "Height"});
+    expectThatRowsEditTheirElementAlone<UIPointControl, sPoint>({"X", "Y"});
+    expectThatRowsEditTheirElementAlone<UIRectControl, sRect>({"Left", "Top", "Right", "Bottom"});
+    expectThatRowsEditTheirElementAlone<UITexcoordControl, sTexcoord>({"U", "V"});
+    expectThatRowsEditTheirElementAlone<UIVectorControl, sVector>({"X", "Y"});
+    expectThatRowsEditTheirElementAlone<UIColorControl, sColor>({"Red", "Green", "Blue", "Alpha"});
+    expectThatRowsEditTheirElementAlone<UIColorControl, sColorF>({"Red", "Green", "Blue", "Alpha"});
+
+    sPoint point = sPoint::Zero;
+    EXPECT_DEATH(UISizeControl(new ReferenceProperty<sPoint>("Point", &point), false), "Property type missmatch.");
+}
+
+TEST(UIComponentControlTest, BoxesAndSlidersFillTheFrame)
+{
+    sSize size[ElementNum] = {};
+    sColor color[ElementNum] = {};
+    UISizeControl sizeControl(share(size), false);
+    EXPECT_EQ(sizeControl.getSize(), sSize(80, 60));
+    sizeControl.setSize({100, 60});
+    sizeControl.align();
+    EXPECT_EQ(getRegions(sizeControl), (std::vector<sRect>{{24, 16, 92, 32}, {24, 34, 92, 50}}));
+
+    UIColorControl colorControl(share(color), false);
+    EXPECT_EQ(colorControl.getMinimumSize(), sSize(176, 96));
+    EXPECT_EQ(getChild(colorControl, 1).getRelRegion(), sRect(152, 34, 184, 50));
+    EXPECT_EQ(getChild(colorControl, 5).getRelRegion(), sRect(20, 38, 148, 46)) << "the whole line of 127 can be seen";
+}
+
+TEST(UIColorControlTest, ASliderSetsItsChannelFromThePressToAnyRelease)
+{
+    constexpr unsigned int Red = 4;
+    constexpr unsigned int First = UIMouseDownMessage::FirstButton;
+    sColorF colors[ElementNum] = {{0.0f, 0.5f, 1.0f, 1.0f}};
+    EditListener listener;
+    listener.add(new UIColorControl(share(colors), false, 0));
+    UIControl& slider = getChild(**listener.getChildrenBegin(), Red);
+
+    slider.sendMessage(UIMouseDownMessage(sPoint(64, 4), UIMouseDownMessage::SecondButton));
+    slider.sendMessage(UIMouseMoveMessage(sPoint(64, 4)));
+    EXPECT_EQ(colors[0].r, 0.0f) << "moved without the first button";
+
+    slider.sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
+    EXPECT_EQ(colors[0], sColorF(sColor(128, 127, 255, 255))) << "the others are rounded too";
+    for (const auto& [x, red] : {std::pair(-5, 0), {1, 2}, {127, 255}, {400, 255}})
+    {
+        slider.sendMessage(UIMouseMoveMessage(sPoint(x, 4)));
+        EXPECT_EQ(sColor(colors[0]).r, sColor(sColorF(sColor(static_cast<unsigned char>(red), 0, 0, 0))).r) << x;
+    }
+    slider.sendMessage(UIMouseUpMessage(sPoint::Zero, 255));
+    slider.sendMessage(UIMouseMoveMessage(sPoint::Zero));
+    EXPECT_EQ(colors[0].r, 1.0f) << "moved behind the release";
+    EXPECT_EQ(listener.mEdits, "()");
+
+    sColor fixed[ElementNum] = {};
+    const UIColorControl readOnly(share(fixed), true, 0);
+    getChild(readOnly, Red).sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
+    EXPECT_EQ(fixed[0].r, 0);
+}
+
+TEST(UIControlArrayTest, ShowsEveryElementInAFrameThatHoldsThem)
+{
+    sSize sizes[ElementNum] = {};
+    UIControlArray array(share(sizes), true);
+    array.setSize({190, 0});
+    const UIForm& form = *static_cast<UIForm*>(*array.getChildrenBegin());
+    const UIBase& holder = **form.getChildrenBegin();
+    ASSERT_EQ(holder.getChildCount(), ElementNum);
+    EXPECT_EQ(getChild(holder, 3).getIndex(), 3u);
+    EXPECT_FALSE(getChild(holder, 3).isEnabled());
+    EXPECT_EQ(getChild(holder, 3).getPosition(), sPoint(82, 62)) << "two in a row";
+    EXPECT_EQ(array.getSize(), sSize(190, 122 + 24));
+
+    int number = 7;
+    const UIControlArray single(new ReferenceProperty<int>("Number", &number), false);
+    EXPECT_EQ((*(*single.getChildrenBegin())->getChildrenBegin())->getChildCount(), 1u);
+    ResourceBase* resource = nullptr;
+    EXPECT_DEATH(UIControlArray(new ResourceProperty("Resource", &resource), false), "Not support resource array.");
+}
