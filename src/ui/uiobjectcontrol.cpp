@@ -20,6 +20,7 @@ UIObjectControl::UIObjectControl(PropertyBase* property, bool disable, unsigned 
     add(mBox);
     const unsigned int height = mBox->getMinimumSize().height;
     setMinimumSize(isElement() ? sSize{MinimumElementWidth, height} : sSize{MinimumWidth, height + NameHeight});
+    setDefaultSize();
 }
 
 void UIObjectControl::align()

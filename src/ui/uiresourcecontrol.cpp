@@ -68,6 +68,7 @@ UIResourceControl::UIResourceControl(PropertyBase* property, const TypeInfo* typ
     add(mBox);
     add(mButton);
     setMinimumSize({MinimumWidth, mBox->getMinimumSize().height + NameHeight});
+    setDefaultSize();
     UIMenu* menu = new UIMenu;
     menu->addItems(this, MenuRows);
     setMenu(menu);

@@ -14,6 +14,7 @@ UITextureResourceControl::UITextureResourceControl(PropertyBase* property, bool 
 {
     const sSize& base = getMinimumSize();
     setMinimumSize({base.width, base.height + PreviewSize});
+    setDefaultSize();
 }
 
 void UITextureResourceControl::eventPaint(UIPainter* painter)

@@ -17,10 +17,12 @@ UITriggerControl::UITriggerControl(const TriggerControlBase* trigger, bool disab
     : UIControl(nullptr, disable, WholeValue), mTrigger(trigger->duplicate())
 {
     initialize(TriggerTypes{}, disable);
-    if (mFire)
-        return;
-    mTrigger.reset();
-    setMinimumSize(EmptySize);
+    if (!mFire)
+    {
+        mTrigger.reset();
+        setMinimumSize(EmptySize);
+    }
+    setDefaultSize();
 }
 
 UITriggerControl::~UITriggerControl() = default;
