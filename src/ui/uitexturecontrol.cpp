@@ -25,9 +25,10 @@ void UITextureControl::eventPaint(UIPainter* painter)
     const sRect own = getOwnRegion();
     const sRect picture(0, NameHeight, own.right, own.bottom);
     paintName(painter, sRect(0, 0, own.right, NameHeight));
-    painter->drawRect(picture, sColor::Black);
     if (Texture* texture = getTexture())
-        TexturePreview::paint(painter, picture, texture);
+        TexturePreview::paintOverBlack(painter, picture, texture);
+    else
+        painter->drawRect(picture, sColor::Black);
 }
 
 void UITextureControl::eventMouseDoubleClick(const sPoint&, unsigned int button)
