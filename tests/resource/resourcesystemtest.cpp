@@ -5,7 +5,6 @@
 #include "io/stream.h"
 #include "render/texture.h"
 #include "resource/resourcebase.h"
-#include "resource/textureresourcebmp.h"
 #include "resource/textureresourcetga.h"
 #include "tests/support/headlesssystems.h"
 #include "tests/support/images.h"

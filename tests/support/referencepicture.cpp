@@ -2,7 +2,6 @@
 
 #include "tests/support/bytes.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>

@@ -23,7 +23,6 @@ protected:
     // Each returns where the bar is afterwards.
     int send(const UIMessage& message) { return mBar.sendMessage(message), mBar.getBarPosition(); }
     int press(int y, unsigned int button = 1) { return send(UIMouseDownMessage(sPoint(5, y), button)); }
-    int drag(int y) { return send(UIMouseMoveMessage(sPoint(5, y))); }
 
     UIScrollBar mBar{UIScrollBar::eBarDirection::Vertical};
 };

@@ -16,7 +16,6 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <utility>
 
 namespace
 {
@@ -24,7 +23,6 @@ using Element = Probe<UIBase>;
 
 constexpr unsigned int Modal = 8;
 constexpr unsigned char KeyA = 4;
-constexpr unsigned char KeyReturn = 40;
 constexpr unsigned char KeyF4 = 61;
 constexpr unsigned char KeyAlt = 226;
 

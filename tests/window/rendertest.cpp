@@ -3,8 +3,6 @@
 #include "tests/support/renderfixture.h"
 #include "tests/window/near.h"
 
-#include <thread>
-
 namespace
 {
 testing::Environment* const display = testing::AddGlobalTestEnvironment(new Display);
