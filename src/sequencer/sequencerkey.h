@@ -37,6 +37,9 @@ public:
 
     void makePropertyList(PropertyList& list) override;
 
+    // Frame and interpolate type; the family adds its value. The widgets write into this object and nowhere else.
+    void makeUIList(List<UIBase>& list) override;
+
 private:
     unsigned short mFrame = 0;
     unsigned char mInterpolateType = 0;

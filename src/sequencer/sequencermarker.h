@@ -36,8 +36,9 @@ public:
     void setReset(bool reset) { mReset = reset; }
     bool isReset() const { return mReset; }
 
-    // For editing.
+    // Both for editing. The widgets write into this object and nowhere else.
     void makePropertyList(PropertyList& list) override;
+    void makeUIList(List<UIBase>& list) override;
 
 private:
     AutoString mMarkerName;

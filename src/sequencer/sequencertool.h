@@ -67,6 +67,8 @@ public:
     ResourceBase* getResource() const;
     SequencerResourceIntermediate* getSequence() const { return mpResource; }
 
+    ControlForm* getControlForm() const { return mpControlForm; }
+
     // Null until the window is created.
     Sequencer* getSequencer() const { return mpSequencer; }
 

@@ -431,7 +431,8 @@ void SequencerTool::notifySelectControl(UIDialog* dialog)
     forEachControl(*object,
                    [&](ControlBase& control)
                    {
-                       if (control.getNameHash() == hash && control.getType() == answer->getSelectedControlType())
+                       const unsigned int type = static_cast<unsigned int>(control.getType());
+                       if (control.getNameHash() == hash && type == answer->getSelectedControlType())
                            addLane(*mpSelectTrack, control);
                    });
 }

@@ -156,11 +156,9 @@ void SequencerTool::setSelectMarkerReset(bool reset)
     editSelectMarker(*this, &Sequence::setMarkerReset, reset);
 }
 
-// Nothing could name a marker without a name again.
 void SequencerTool::setSelectMarkerName(const AutoString& name)
 {
-    if (name.size())
-        editSelectMarker(*this, &Sequence::setMarkerName, name);
+    editSelectMarker(*this, &Sequence::setMarkerName, name);
 }
 
 void SequencerTool::setSelectMarkerTargetName(const AutoString& name)

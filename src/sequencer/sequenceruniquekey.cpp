@@ -3,6 +3,8 @@
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
 #include "resource/resourcebase.h"
+#include "sequencer/control.h"
+#include "ui/uiresourcecontrol.h"
 
 #include <cstring>
 
@@ -81,6 +83,15 @@ void SequencerUniqueKey<T>::makePropertyList(PropertyList& list)
     list.addReference("parameter", mParameter);
 }
 
+template <typename T>
+void SequencerUniqueKey<T>::makeUIList(List<UIBase>& list)
+{
+    SequencerKey::makeUIList(list);
+    PropertyControl control(new ReferenceProperty<T>(getLabel().c_str(), &mParameter));
+    if (UIBase* element = Utils::makeUIFromControl(&control))
+        list.addLast(element);
+}
+
 template class SequencerUniqueKey<bool>;
 template class SequencerUniqueKey<unsigned char>;
 template class SequencerUniqueKey<unsigned short>;
@@ -146,4 +157,15 @@ void SequencerUniqueKey<ResourceBase>::makePropertyList(PropertyList& list)
     SequencerKey::makePropertyList(list);
     list.add(new ResourceProperty("resource", &mpResource));
     list.addReference("resource_typeid", mResourceTypeID);
+}
+
+// What a document names as the type may be anything, also a class of which there can be no instance.
+void SequencerUniqueKey<ResourceBase>::makeUIList(List<UIBase>& list)
+{
+    SequencerKey::makeUIList(list);
+    const TypeInfo* type = TypeInfo::find(mResourceTypeID);
+    if (type && type->isDerivedFrom(ResourceBase::getStaticTypeInfo()) &&
+        type->getAttribute() == static_cast<unsigned int>(eTypeAttribute::None))
+        list.addLast(
+            new UIResourceControl(new ResourceProperty("resource", &mpResource), type, false, UIControl::WholeValue));
 }

@@ -20,6 +20,7 @@ public:
     unsigned int getParameterSize() const override;
 
     void makePropertyList(PropertyList& list) override;
+    void makeUIList(List<UIBase>& list) override;
 
 private:
     static UniqueTypeInfo<SequencerUniqueKey> mTypeInfo;
@@ -68,6 +69,7 @@ public:
     unsigned int getResourceTypeID() const { return mResourceTypeID; }
 
     void makePropertyList(PropertyList& list) override;
+    void makeUIList(List<UIBase>& list) override;
 
 private:
     static UniqueTypeInfo<SequencerUniqueKey> mTypeInfo;
