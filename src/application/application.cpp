@@ -105,6 +105,7 @@ int Application::execute()
     DEV_TRACE("Application : execute.\n");
     requireInstalled(mpWindow && mpWindow->installTimer(eventLoop, this));
     requireInstalled(mpWindow->installMouseHandler(eventHandler, this));
+    mpWindow->setQuitHandler(quitHandler, this);
     mpWindow->runEventLoop();
     return 0;
 }
@@ -132,6 +133,11 @@ void Application::setTempAllocator(AllocatorBase* allocator)
 void Application::eventLoop(void* userData)
 {
     static_cast<Application*>(userData)->checkInterval();
+}
+
+void Application::quitHandler(void* userData)
+{
+    static_cast<Application*>(userData)->requestQuit();
 }
 
 void Application::checkInterval()

@@ -49,6 +49,9 @@ public:
     // Ends the event loop behind the present frame.
     void quit();
 
+    // The user wants to leave, by the close box. A subclass may ask before it calls quit().
+    virtual void requestQuit() { quit(); }
+
     // Null before the construction of an application with an initializer.
     static Application* getInstance() { return mpInstance; }
 
@@ -111,6 +114,7 @@ private:
     void moveCursor(const sMouseEvent& event);
 
     static void eventLoop(void* userData);
+    static void quitHandler(void* userData);
 
     unsigned int mWindowWidth = 0;
     unsigned int mWindowHeight = 0;

@@ -3,7 +3,9 @@
 #include "application/exhibitwindow.h"
 #include "application/galleryelement.h"
 #include "application/gallerystructures.h"
+#include "application/gallerytool.h"
 #include "application/galleryvalues.h"
+#include "sequencer/sequencerresourceintermediate.h"
 #include "tool/toolsystem.h"
 #include "ui/uibutton.h"
 #include "ui/uigroup.h"
@@ -318,4 +320,14 @@ void Gallery::openAll()
 {
     for (const sExhibit& exhibit : ExhibitTable)
         open(exhibit);
+    openTool();
+}
+
+void Gallery::openTool()
+{
+    SequencerResourceIntermediate* sequence = new SequencerResourceIntermediate;
+    GalleryTool* tool = new GalleryTool(sequence);
+    sequence->release();
+    tool->setPosition(sPoint(216, 664));
+    UISystem::getInstance()->addWindow(tool);
 }

@@ -13,5 +13,10 @@ std::span<const sExhibit> getExhibits();
 
 // Gives UISystem a new window, which comes alive with the next frame.
 void open(const sExhibit& exhibit);
+
+// Beside the table: a tool with a sequence that was never saved.
+void openTool();
+
+// All of them, and the tool.
 void openAll();
 }

@@ -1,22 +1,18 @@
 #include "application/testapp.h"
 
 #include "application/headsup.h"
+#include "application/statefile.h"
 #include "application/systemmanager.h"
 #include "application/viewer.h"
 #include "foundation/jobsystem.h"
 #include "foundation/memorymanager.h"
 #include "input/hidsystem.h"
-#include "io/documentwriter.h"
-#include "io/stream.h"
-#include "io/xmlreader.h"
 #include "render/rendersystem.h"
 #include "render/viewsystem.h"
 #include "resource/resourcebase.h"
 #include "resource/resourcesystem.h"
 #include "tool/toolsystem.h"
 #include "ui/uisystem.h"
-
-#include <cstdio>
 
 // On purpose: the application stands among the systems in the tree of classes.
 REFLECT(TestApp, eTypeAttribute::Singleton, "System");
@@ -38,7 +34,7 @@ TestApp::~TestApp()
         uiSystem->defocus();
     mpViewer.reset();
     if (mSetUp)
-        saveState();
+        StateFile::save(*this, getStatePath());
     DEV_TRACE("TestApp end.\n");
 }
 
@@ -55,7 +51,7 @@ void TestApp::setup()
     createSystems();
     SystemManager::getInstance()->setup();
     SystemManager::getInstance()->order();
-    restoreState();
+    StateFile::restore(*this, getStatePath());
     mSetUp = true;
 }
 
@@ -86,27 +82,6 @@ AutoString TestApp::getStatePath() const
     return AutoString(getIntermediatePath()) + "test.xml";
 }
 
-// A damaged file is put aside, so that neither this start nor the save at the end loses it.
-void TestApp::restoreState()
-{
-    const AutoString path = getStatePath();
-    TextFileStream stream(path.c_str(), FileStream::Read);
-    if (stream.eof())
-        return;
-
-    XmlReader reader;
-    if (reader.load(&stream))
-        reader.read(this, getTypeInfo()->getName());
-    else
-        std::rename(path.c_str(), (path + ".bad").c_str());
-}
-
-void TestApp::saveState()
-{
-    if (!DocumentWriter::write(this, true, getStatePath().c_str(), DocumentWriter::ePrevious::Drop))
-        DEV_TRACE("TestApp : the state of the systems is not saved.\n");
-}
-
 bool TestApp::play(const char* name)
 {
     mpViewer = Viewer::create(name);
@@ -127,6 +102,6 @@ void TestApp::update(float deltaTime)
     manager.postprocess();
     RenderSystem::getInstance()->executeCommand();
 
-    if (++mFrameNum == mFrameLimit)
+    if (++mFrameNum == mFrameLimit || mQuitRequest.update())
         quit();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "application/application.h"
+#include "application/quitrequest.h"
 #include "foundation/autostring.h"
 
 #include <memory>
@@ -26,6 +27,9 @@ public:
     void setup() override;
     void update(float deltaTime) override;
 
+    // The program ends once no tool has unsaved work. A signal is not asked about and ends it at once.
+    void requestQuit() override { mQuitRequest.start(); }
+
     // Shows an animation, by its logical name; after setup(), and with a window. False when there is none of that name.
     [[nodiscard]] bool play(const char* name);
 
@@ -35,11 +39,10 @@ public:
 private:
     void createAllocators();
     void createSystems();
-    void restoreState();
-    void saveState();
     AutoString getStatePath() const;
 
     std::unique_ptr<Viewer> mpViewer;
+    QuitRequest mQuitRequest;
     unsigned int mFrameLimit = 0;
     unsigned int mFrameNum = 0;
     bool mSetUp = false;
