@@ -4,6 +4,7 @@
 #include "io/xmlreader.h"
 #include "io/xmlwriter.h"
 #include "reflection/objectbase.h"
+#include "tests/support/apart.h"
 #include "tests/support/temporarydirectory.h"
 #include "tests/support/tracecapture.h"
 
@@ -13,11 +14,7 @@
 #include <filesystem>
 #include <functional>
 
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace
 {
@@ -31,18 +28,6 @@ bool write(const std::string& path, ePrevious previous, const char* value = "new
     XmlWriter writer("Root");
     writer.addAttribute("value", value);
     return DocumentWriter::write(writer, path.c_str(), previous);
-}
-
-// Runs the work in a process of its own and returns how that ended.
-template <typename Work>
-int runApart(Work&& work)
-{
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(work());
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status;
 }
 
 class DocumentWriterTest : public testing::Test
@@ -143,10 +128,6 @@ TEST_F(DocumentWriterTest, AProcessKilledAtAnyStepLeavesACompleteFile)
 TEST_F(DocumentWriterTest, AFullOrRefusingDirectoryKeepsTheOldFile)
 {
     const std::string& place = mDirectory.getPath();
-    const auto remount = [&]
-    {
-        return mount(nullptr, place.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
-    };
     const auto bind = [&]
     {
         return mount(mDirectory.write("other", "old").c_str(), mTarget.c_str(), nullptr, MS_BIND, nullptr) == 0;
@@ -161,7 +142,7 @@ TEST_F(DocumentWriterTest, AFullOrRefusingDirectoryKeepsTheOldFile)
             return keepsOld(std::string(100000, 'x')) && mDirectory.countFiles() == 1 &&
                    write(mTarget, ePrevious::Keep);
         },
-        [&] { return remount() && keepsOld("new") && mDirectory.countFiles() == 1; },
+        [&] { return remountReadOnly(place) && keepsOld("new") && mDirectory.countFiles() == 1; },
         // A target that is a mount of its own gets no second name but a copy, and nothing can take its place.
         [&] { return bind() && keepsOld("new") && mDirectory.read("walk.asq.xml~") == "old"; },
     };
@@ -171,8 +152,7 @@ TEST_F(DocumentWriterTest, AFullOrRefusingDirectoryKeepsTheOldFile)
         const int status = runApart(
             [&]
             {
-                if (unshare(CLONE_NEWNS) != 0 || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-                    mount("tmpfs", place.c_str(), "tmpfs", 0, "size=64k") != 0)
+                if (!mountApart(place))
                     return NoMounts;
                 mDirectory.write("walk.asq.xml", "old");
                 return holds() ? 0 : 1;
