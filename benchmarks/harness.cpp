@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <unistd.h>
+
 namespace
 {
 // Goals register before main in any order.
@@ -35,6 +37,11 @@ std::vector<const bench::Goal*> bench::Goal::getAll()
                                                          : std::strcmp(left->mpName, right->mpName) < 0;
               });
     return goals;
+}
+
+std::filesystem::path bench::getMemoryDirectory()
+{
+    return access("/dev/shm", W_OK) == 0 ? "/dev/shm" : std::filesystem::temp_directory_path();
 }
 
 bench::sOutcome bench::compare(const Candidates& candidates, unsigned int roundNum)

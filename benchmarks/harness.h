@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -56,6 +57,10 @@ void keep(const T& value)
 {
     asm volatile("" : : "r,m"(value) : "memory");
 }
+
+// For the files that candidates read and write: in memory where that is possible, since it is not the disk that is
+// compared.
+std::filesystem::path getMemoryDirectory();
 
 struct sOutcome
 {

@@ -69,13 +69,7 @@ private:
         return mTexts.back()->c_str();
     }
 
-    // In memory where that is possible, since it is not the disk that is compared.
-    static std::filesystem::path getDirectory()
-    {
-        return access("/dev/shm", W_OK) == 0 ? "/dev/shm" : std::filesystem::temp_directory_path();
-    }
-
-    std::string mPath = getDirectory() / ("xmlbench" + std::to_string(getpid()));
+    std::string mPath = bench::getMemoryDirectory() / ("xmlbench" + std::to_string(getpid()));
     std::vector<std::unique_ptr<std::string>> mTexts;
     std::vector<sCall> mCalls;
     unsigned int mObjectNum = 0;
