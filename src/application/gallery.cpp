@@ -328,6 +328,6 @@ void Gallery::openTool()
     SequencerResourceIntermediate* sequence = new SequencerResourceIntermediate;
     GalleryTool* tool = new GalleryTool(sequence);
     sequence->release();
-    tool->setPosition(sPoint(216, 664));
+    tool->setPosition(sPoint(776, 600));
     UISystem::getInstance()->addWindow(tool);
 }
