@@ -48,6 +48,7 @@ protected:
 private:
     static bool isFirst(unsigned int button) { return button & UIMouseDownMessage::FirstButton; }
 
+    // On purpose: in the row's own pixels, so that the keys of a lane stand as far right as its row is set in.
     int getX(const Element& element) const { return static_cast<int>(element.getFrame()) - this->getScroll(); }
 
     template <typename Visitor>

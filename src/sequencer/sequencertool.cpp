@@ -239,7 +239,11 @@ void SequencerTool::update(float deltaTime)
     UIForm::update(deltaTime);
     moveSequencer([deltaTime](Sequencer& sequencer) { sequencer.update(deltaTime); });
     if (mControlFormStale)
+    {
         refreshControlForm();
+        // What is new in the tree is behind in the layout; it would be painted where it does not belong.
+        mpControlForm->update(0.0f);
+    }
     placeHeader();
     updateLayout();
     mUpdating = false;
