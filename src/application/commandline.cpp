@@ -42,6 +42,17 @@ bool readNumber(std::string_view text, unsigned int& number)
     return result.ec == std::errc() && result.ptr == end && number > 0;
 }
 
+// The one argument that is no option.
+bool readFile(std::string_view argument, sCommandLine& line)
+{
+    if (argument.starts_with('-'))
+        line.error = "unknown option ";
+    else if (argument.empty() || !line.file.empty())
+        line.error = "unexpected argument ";
+    (line.error.empty() ? line.file : line.error) += argument;
+    return line.error.empty();
+}
+
 bool readValue(const sOptionRow& row, std::string_view value, sCommandLine& line)
 {
     if (row.number)
@@ -53,11 +64,14 @@ bool readValue(const sOptionRow& row, std::string_view value, sCommandLine& line
 
 const char* sCommandLine::getHelpText()
 {
-    return "usage: cellwright [OPTION]...\n"
+    return "usage: cellwright [OPTION]... [FILE]\n"
+           "\n"
+           "Opens FILE in the animation editor: a name such as \"walk\", or a file that ends in \".asq.xml\".\n"
+           "Without FILE the editor starts with a new animation.\n"
            "\n"
            "  --root DIR     keep the data in DIR\n"
-           "  --play NAME    show an animation: a name such as \"walk\", or a file that ends in \".asq.xml\"\n"
-           "  --gallery      show every element of the interface\n"
+           "  --play FILE    show an animation instead of editing one\n"
+           "  --gallery      show every element of the interface instead\n"
            "  --frames N     end after N frames\n"
            "  --headless     run without a window\n"
            "  --help         show this text\n"
@@ -72,9 +86,9 @@ sCommandLine parseCommandLine(int count, const char* const* arguments)
         const sOptionRow* row = findOption(arguments[i]);
         if (!row)
         {
-            line.error =
-                std::string(arguments[i][0] == '-' ? "unknown option " : "unexpected argument ") + arguments[i];
-            return line;
+            if (!readFile(arguments[i], line))
+                return line;
+            continue;
         }
         if (row->flag)
         {
@@ -87,5 +101,7 @@ sCommandLine parseCommandLine(int count, const char* const* arguments)
             return line;
         }
     }
+    if (!line.file.empty() + !line.play.empty() + line.gallery > 1)
+        line.error = "a file to edit, --play and --gallery exclude each other";
     return line;
 }

@@ -6,6 +6,7 @@
 struct sCommandLine
 {
     std::string root;        // the directory of the data; empty leaves the choice to the platform
+    std::string file;        // the name or the file of the animation to edit; empty edits a new one
     std::string play;        // the name or the file of the animation to show; empty shows none
     unsigned int frames = 0; // after so many the program ends; 0 goes on
     bool gallery = false;    // shows every element of the interface

@@ -1,6 +1,6 @@
+#include "application/animationtarget.h"
 #include "application/commandline.h"
 #include "application/gallery.h"
-#include "application/playtarget.h"
 #include "application/testapp.h"
 #include "application/viewer.h"
 #include "foundation/dev.h"
@@ -47,15 +47,24 @@ bool isSameDirectory(const std::string& a, const std::string& b)
     return std::filesystem::equivalent(a, b, error);
 }
 
-// What is wrong with the animation that is to be shown, and with the directory of the data; empty if nothing is.
-// Asked before there is a window. `line` gets the directory and the logical name.
-std::string resolvePlay(sCommandLine& line)
+bool isFile(const std::string& path)
 {
-    sPlayTarget target;
-    if (!line.play.empty() && !findPlayTarget(line.play, target))
-        return line.play + " does not lie in a directory \"intermediate\"";
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error);
+}
+
+// What is wrong with the animation that is to be edited or shown, and with the directory of the data; empty if
+// nothing is. Asked before there is a window. `line` gets the directory and the logical name.
+std::string resolveTarget(sCommandLine& line)
+{
+    std::string& name = line.play.empty() ? line.file : line.play;
+    sAnimationTarget target;
+    if (!name.empty() && !findAnimationTarget(name, target))
+        return name + " does not lie in a directory \"intermediate\"";
+    if (target.root.empty() && isFile(name))
+        return name + " is not an animation, whose name ends in \".asq.xml\"";
     if (!target.root.empty() && !line.root.empty() && !isSameDirectory(target.root, line.root))
-        return line.play + " does not lie in " + line.root;
+        return name + " does not lie in " + line.root;
     if (!target.root.empty())
         line.root = target.root;
 
@@ -63,11 +72,11 @@ std::string resolvePlay(sCommandLine& line)
     char root[PathSize];
     if (!Platform::getResourceDirectory(root, sizeof(root)))
         return "there is no directory for the data" + (line.root.empty() ? std::string() : ": " + line.root);
-    if (line.play.empty())
+    if (name.empty())
         return std::string();
 
     const std::string fault = Viewer::checkFile(std::string(root) + "/intermediate/" + target.name + ".asq.xml");
-    line.play = target.name;
+    name = target.name;
     return fault;
 }
 
@@ -77,16 +86,24 @@ void showAlert(const char* title, const char* message)
         platform->alert(title, message);
 }
 
+// What the user asks for instead of a new animation. False when there is no animation of that name.
+bool start(TestApp& application, const sCommandLine& line)
+{
+    if (line.gallery)
+        Gallery::openAll();
+    if (!line.play.empty())
+        return application.play(line.play.c_str());
+    return line.file.empty() || application.edit(line.file.c_str());
+}
+
 int runProgram(const sCommandLine& line)
 {
     TestApp application(&Initializer);
+    application.setEditor(line.file.empty() && line.play.empty() && !line.gallery);
     application.setup();
     application.setFrameLimit(line.frames);
-    if (line.gallery && application.getWindowHandle())
-        Gallery::openAll();
-    const bool isPlayer = !line.play.empty() && application.getWindowHandle();
-    if (isPlayer && !application.play(line.play.c_str()))
-        return refuse(line.play + " is not an animation");
+    if (application.getWindowHandle() && !start(application, line))
+        return refuse(line.play + line.file + " is not an animation");
     return application.execute();
 }
 }
@@ -99,7 +116,7 @@ int main(int count, char** arguments)
     if (line.version)
         return std::printf("cellwright %s\n", CELLWRIGHT_VERSION) < 0;
     if (line.error.empty())
-        line.error = resolvePlay(line);
+        line.error = resolveTarget(line);
     if (!line.error.empty())
         return refuse(line.error);
 

@@ -1,5 +1,7 @@
 #include "application/testapp.h"
 
+#include "animation/animresource.h"
+#include "animation/animtool.h"
 #include "application/headsup.h"
 #include "application/statefile.h"
 #include "application/systemmanager.h"
@@ -53,6 +55,8 @@ void TestApp::setup()
     SystemManager::getInstance()->order();
     StateFile::restore(*this, getStatePath());
     mSetUp = true;
+    if (mEditor && !edit(nullptr))
+        DEV_TRACE("TestApp : the editor is not opened.\n");
 }
 
 void TestApp::createAllocators()
@@ -80,6 +84,16 @@ void TestApp::createSystems()
 AutoString TestApp::getStatePath() const
 {
     return AutoString(getIntermediatePath()) + "test.xml";
+}
+
+bool TestApp::edit(const char* name)
+{
+    AnimResource* animation = ResourceSystem::getInstance()->createResource<AnimResource>(name);
+    if (!animation)
+        return false;
+    UISystem::getInstance()->addWindow(new AnimTool(animation));
+    animation->release();
+    return true;
 }
 
 bool TestApp::play(const char* name)

@@ -30,6 +30,13 @@ public:
     // The program ends once no tool has unsaved work. A signal is not asked about and ends it at once.
     void requestQuit() override { mQuitRequest.start(); }
 
+    // Whether setup() opens the editor on a new animation, as it does unless told otherwise.
+    void setEditor(bool editor) { mEditor = editor; }
+
+    // Opens an editor on an animation, by its logical name; null is a new one. After setup(). False when there is none
+    // of that name.
+    [[nodiscard]] bool edit(const char* name);
+
     // Shows an animation, by its logical name; after setup(), and with a window. False when there is none of that name.
     [[nodiscard]] bool play(const char* name);
 
@@ -45,5 +52,6 @@ private:
     QuitRequest mQuitRequest;
     unsigned int mFrameLimit = 0;
     unsigned int mFrameNum = 0;
+    bool mEditor = true;
     bool mSetUp = false;
 };

@@ -1,6 +1,6 @@
 #include "application/commandline.h"
 
-#include "application/playtarget.h"
+#include "application/animationtarget.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,8 @@ TEST(CommandLineTest, TakesTheOptionsInAnyOrder)
     const sCommandLine line = parse({"--frames", "20", "--headless", "--root", "data", "--play", "walk"});
     EXPECT_EQ(line.error, "");
     EXPECT_TRUE(line.frames == 20 && line.root == "data" && line.play == "walk" && line.headless);
-    EXPECT_FALSE(line.help || line.version || line.gallery);
+    EXPECT_FALSE(line.help || line.version || line.gallery || !line.file.empty());
+    EXPECT_EQ(parse({"--headless", "walk"}).file, "walk");
     EXPECT_TRUE(parse({"--help"}).help && parse({"--version"}).version && parse({"--gallery"}).gallery);
 }
 
@@ -28,7 +29,9 @@ TEST(CommandLineTest, NamesWhatIsWrong)
 {
     const std::pair<std::vector<const char*>, const char*> rows[] = {
         {{"--fast"}, "unknown option --fast"},
-        {{"walk"}, "unexpected argument walk"},
+        {{"walk", "parade"}, "unexpected argument parade"},
+        {{""}, "unexpected argument "},
+        {{"walk", "--play", "walk"}, "a file to edit, --play and --gallery exclude each other"},
         {{"--headless", "--play"}, "--play needs the name of an animation"},
         {{"--root", ""}, "--root needs a directory"},
         {{"--frames", "0"}, "--frames needs a number of frames from 1 on"},
@@ -39,7 +42,7 @@ TEST(CommandLineTest, NamesWhatIsWrong)
         EXPECT_EQ(parse(arguments).error, error);
 }
 
-TEST(PlayTargetTest, TellsNamesFromFilesInsideIntermediate)
+TEST(AnimationTargetTest, TellsNamesFromFilesInsideIntermediate)
 {
     const char* const rows[][3] = {
         {"walk", "", "walk"},
@@ -50,13 +53,13 @@ TEST(PlayTargetTest, TellsNamesFromFilesInsideIntermediate)
     };
     for (const auto& [text, root, name] : rows)
     {
-        sPlayTarget target;
-        EXPECT_TRUE(findPlayTarget(text, target)) << text;
+        sAnimationTarget target;
+        EXPECT_TRUE(findAnimationTarget(text, target)) << text;
         EXPECT_EQ(target.root, root) << text;
         EXPECT_EQ(target.name, name) << text;
     }
 
-    sPlayTarget target;
-    EXPECT_FALSE(findPlayTarget("/data/walk.asq.xml", target));
-    EXPECT_FALSE(findPlayTarget("/data/intermediate/.asq.xml", target));
+    sAnimationTarget target;
+    EXPECT_FALSE(findAnimationTarget("/data/walk.asq.xml", target));
+    EXPECT_FALSE(findAnimationTarget("/data/intermediate/.asq.xml", target));
 }

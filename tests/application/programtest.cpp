@@ -61,8 +61,10 @@ TEST_F(ProgramTest, RefusesWhatItCannotDoInOneLine)
 
     expectRefused("--fast", "unknown option --fast");
     expectRefused(root + " --play gone", "gone.asq.xml: No such file");
-    expectRefused("--play " + cut, "cut.asq.xml: ");
+    expectRefused(root + " gone", "gone.asq.xml: No such file");
+    expectRefused(cut, "cut.asq.xml: ");
     expectRefused("--play " + other, "other.asq.xml: not an animation");
+    expectRefused(mRoot / "log", "log is not an animation, whose name ends in");
     expectRefused(root + " --play folder", "folder.asq.xml: not a file");
     expectRefused("--play " + mRoot.getPath() + "/walk.asq.xml", "does not lie in a directory \"intermediate\"");
     expectRefused("--root /proc/none --headless", "there is no directory for the data: /proc/none");
@@ -77,6 +79,14 @@ TEST_F(ProgramTest, PlaysSoManyFramesAndSavesItsState)
         EXPECT_EQ(mErrors.find("eak"), std::string::npos) << mErrors;
         EXPECT_NE(read("test.xml").find("<RenderSystem "), std::string::npos);
     }
+}
+
+TEST_F(ProgramTest, OpensTheFileThatItIsGiven)
+{
+    write("empty.asq.xml", EmptyAnimation);
+    for (const char* file : {"", " empty"})
+        EXPECT_EQ(run("--headless --frames 20 --root " + mRoot.getPath() + file), 0) << mErrors;
+    EXPECT_EQ(mErrors.find("eak"), std::string::npos) << mErrors;
 }
 
 TEST_F(ProgramTest, StartsWithADamagedStateAndPutsItAside)

@@ -46,6 +46,7 @@ int run(const char* animation)
 {
     const unsigned int before = countBlocks();
     TestApp application(&Initializer);
+    application.setEditor(false);
     application.setup();
     if (!animation)
         Gallery::openAll();

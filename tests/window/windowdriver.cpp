@@ -52,9 +52,10 @@ std::string getServerButton(unsigned int button)
 }
 }
 
-WindowDriver::WindowDriver() : TestApp(&getInitializer())
+WindowDriver::WindowDriver(bool editor) : TestApp(&getInitializer())
 {
     setCountFunction([] { return clockCount; });
+    setEditor(editor);
     setup();
     EXPECT_TRUE(getWindowHandle()->installTimer(quitLoop, this));
     EXPECT_TRUE(getWindowHandle()->installMouseHandler(eventHandler, static_cast<Application*>(this)));

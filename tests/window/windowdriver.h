@@ -25,7 +25,7 @@ public:
     static constexpr unsigned int LongPause = 1000;
     static constexpr eKeyCode F4 = static_cast<eKeyCode>(KeyboardSystem::F1 + 3);
 
-    WindowDriver();
+    explicit WindowDriver(bool editor = false);
     ~WindowDriver() override;
 
     void runFrames(unsigned int num);

@@ -210,6 +210,7 @@ int draw(const sInterfaceScene& scene)
     const InterfaceTexts texts;
     sValues values;
     TestApp application(&Initializer);
+    application.setEditor(false);
     application.setup();
     if (!application.getWindowHandle())
         return EXIT_FAILURE;

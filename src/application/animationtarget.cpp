@@ -1,4 +1,4 @@
-#include "application/playtarget.h"
+#include "application/animationtarget.h"
 
 #include <filesystem>
 #include <string_view>
@@ -10,7 +10,7 @@ constexpr std::string_view Extension = ".asq.xml";
 constexpr std::string_view Directory = "/intermediate/";
 }
 
-bool findPlayTarget(const std::string& text, sPlayTarget& target)
+bool findAnimationTarget(const std::string& text, sAnimationTarget& target)
 {
     if (!text.ends_with(Extension))
     {

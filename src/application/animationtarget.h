@@ -3,7 +3,7 @@
 #include <string>
 
 // An animation that the user named: the logical name, and the directory above the "intermediate/" that holds it.
-struct sPlayTarget
+struct sAnimationTarget
 {
     std::string root; // empty when a bare name was given
     std::string name;
@@ -11,4 +11,4 @@ struct sPlayTarget
 
 // A text that ends in ".asq.xml" is the path of a file, which must lie inside some "intermediate/"; the innermost
 // one counts. Anything else is a logical name already. False, and the target as it was, for other files.
-bool findPlayTarget(const std::string& text, sPlayTarget& target);
+bool findAnimationTarget(const std::string& text, sAnimationTarget& target);
