@@ -20,7 +20,6 @@ namespace
 constexpr int ControlWidth = 96;
 constexpr int ControlHeight = 32;
 constexpr int CanvasSize = 1024;
-constexpr unsigned int PlainValue = 0xFFFFFFFF;
 
 constexpr UIMenu::sRow<TextureView> MenuTable[] = {
     {"Grid", &TextureView::eventGrid, UIMenu::eItemAttribute::Check, true},
@@ -45,15 +44,15 @@ AnimTool::TextureForm::TextureForm(AnimTool* tool) : UIForm(ScrollBars), mTool(t
 
     addControl(new UIResourceControl(
                    new IndirectResourceProperty("Texture", this, &TextureForm::getTexture, &TextureForm::setTexture),
-                   TextureResource::getStaticTypeInfo(), false, PlainValue),
+                   TextureResource::getStaticTypeInfo(), false, UIControl::WholeValue),
                0);
     addControl(new UIParameterControl(
                    new IndirectProperty<unsigned int>("Width", this, &TextureForm::getWidth, &TextureForm::ignore),
-                   true, PlainValue),
+                   true, UIControl::WholeValue),
                ControlHeight);
     addControl(new UIParameterControl(
                    new IndirectProperty<unsigned int>("Height", this, &TextureForm::getHeight, &TextureForm::ignore),
-                   true, PlainValue),
+                   true, UIControl::WholeValue),
                2 * ControlHeight);
 }
 
