@@ -45,6 +45,7 @@ protected:
         mInterface.runFrames(2);
         mTool->setResource(animation.get());
         mInterface.runFrames(2);
+        animation->clearModify();
         for (eTrack track : {First, Second})
             getCell(track).setSize({40, 20});
     }
@@ -81,10 +82,11 @@ protected:
         mInterface.runFrames(2);
     }
 
-    // Between two points of the view.
+    // Between two points of the view; the press is no double click.
     void drag(const UIBase& view, const sPoint& from, const sPoint& to)
     {
         const sPoint origin = view.getAbsPosition();
+        mInterface.wait(1000);
         mInterface.press(origin + from);
         mInterface.movePointer(origin + to);
         mInterface.runFrame();
@@ -121,7 +123,10 @@ TEST_F(AnimToolTest, MovesWhatStandsOnTheSelectedTrackWithinTheCanvas)
     mTool->getSequence()->setModify();
     mInterface.runFrames(2);
     EXPECT_EQ(getCell(First).getPosition(), sPoint(10, -5)) << "the cell made anew stands where the old one did";
-    drag(getAnimation(), Origin + sPoint(10, -5), {-5000, 5000});
+    select(First);
+    getCell(First).setSize({1024, 1024});
+    getCell(First).setPosition({-400, 400});
+    drag(getAnimation(), Origin, Origin + sPoint(-200, 200));
     EXPECT_EQ(getCell(First).getPosition(), sPoint(-512, 511));
 
     select(Nested);
