@@ -65,11 +65,20 @@ sPoint clampToCanvas(const sPoint& point)
 }
 }
 
-AnimTool::AnimationForm::AnimationForm(AnimTool* tool) : UIForm(ScrollBars), mTool(tool)
+AnimTool::AnimationForm::AnimationForm(AnimTool* tool) : UIForm(ScrollBars)
 {
     setClientRegion(sRect(CanvasSize, CanvasSize));
-    mView = new AnimationView(mTool, this);
+    mView = new AnimationView(tool, this);
     addClient(mView);
+}
+
+// The bars know their ranges from the first update on. It shows the origin, where new cells are.
+void AnimTool::AnimationForm::update(float deltaTime)
+{
+    UIForm::update(deltaTime);
+    if (!mShown)
+        mView->centre();
+    mShown = true;
 }
 
 AnimationView::AnimationView(AnimTool* tool, AnimationForm* form) : AnimCanvas(tool, form, GridOn | CurveOn, ScrollDrag)
@@ -80,20 +89,20 @@ AnimationView::AnimationView(AnimTool* tool, AnimationForm* form) : AnimCanvas(t
     setMenu(menu);
 }
 
-void AnimationView::eventKeyDown(unsigned int keyCode, unsigned int combinationKey)
-{
-    if (keyCode != UIKeyCode::Home || combinationKey != 0)
-        return AnimCanvas::eventKeyDown(keyCode, combinationKey);
-    if (!isDragging())
-        centre();
-}
-
 void AnimationView::centre()
 {
     const sSize shown = getForm().getScrollBarRange();
     const sRect& region = getForm().getClientRegion();
     getForm().setScrollBarPosition(sPoint((static_cast<int>(region.getWidth()) - static_cast<int>(shown.width)) / 2,
                                           (static_cast<int>(region.getHeight()) - static_cast<int>(shown.height)) / 2));
+}
+
+void AnimationView::eventKeyDown(unsigned int keyCode, unsigned int combinationKey)
+{
+    if (keyCode != UIKeyCode::Home || combinationKey != 0)
+        return AnimCanvas::eventKeyDown(keyCode, combinationKey);
+    if (!isDragging())
+        centre();
 }
 
 unsigned int AnimationView::beginDrag(const sPoint& position, sPoint& origin) const

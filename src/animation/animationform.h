@@ -14,9 +14,11 @@ public:
 
     AnimationView* getView() const { return mView; }
 
+    void update(float deltaTime) override;
+
 private:
-    AnimTool* mTool;
     AnimationView* mView;
+    bool mShown = false;
 };
 
 // The animation at the present frame, with a marking around what stands on each track. The object of the selected
@@ -33,6 +35,9 @@ public:
 
     AnimationView(AnimTool* tool, AnimationForm* form);
 
+    // Scrolls the origin into the middle of what is shown.
+    void centre();
+
     void eventCurve() { toggleFlag(CurveOn); }
 
     template <const sColor& Color>
@@ -48,6 +53,5 @@ private:
     unsigned int beginDrag(const sPoint& position, sPoint& origin) const override;
     void drag(unsigned int kind, const sPoint& position) override;
 
-    void centre();
     void paintMarkings(UIPainter* painter) const;
 };

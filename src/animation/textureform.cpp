@@ -59,6 +59,7 @@ AnimTool::TextureForm::TextureForm(AnimTool* tool) : UIForm(ScrollBars), mTool(t
 void AnimTool::TextureForm::addControl(UIBase* control, int y)
 {
     control->setPosition(sPoint(0, y));
+    control->setSize({ControlWidth, ControlHeight});
     add(control);
 }
 
