@@ -19,6 +19,7 @@ namespace
 {
 constexpr int ControlWidth = 96;
 constexpr int ControlHeight = 32;
+constexpr int ControlGap = 4;
 constexpr int CanvasSize = 1024;
 
 constexpr UIMenu::sRow<TextureView> MenuTable[] = {
@@ -59,7 +60,7 @@ AnimTool::TextureForm::TextureForm(AnimTool* tool) : UIForm(ScrollBars), mTool(t
 void AnimTool::TextureForm::addControl(UIBase* control, int y)
 {
     control->setPosition(sPoint(0, y));
-    control->setSize({ControlWidth, ControlHeight});
+    control->setSize({ControlWidth - ControlGap, ControlHeight});
     add(control);
 }
 

@@ -68,7 +68,7 @@ protected:
     // Puts the origin into the middle of the pane.
     void centre()
     {
-        mInterface.click(getAnimation().getAbsPosition());
+        mInterface.click(mTool->getAnimationForm()->getAbsPosition());
         mInterface.pressKey(HomeUsage);
         mInterface.runFrames(2);
     }
@@ -141,7 +141,7 @@ TEST_F(AnimToolTest, ScrollsWithTheSpaceKeyInTheViewThatHasTheFocus)
     centre();
     const sPoint centred = mTool->getAnimationForm()->getScrollBarPosition();
     const sSize shown = mTool->getAnimationForm()->getScrollBarRange();
-    EXPECT_EQ(centred, sPoint(512 - static_cast<int>(shown.width / 2), 512 - static_cast<int>(shown.height / 2)));
+    EXPECT_EQ(centred, sPoint(static_cast<int>(1024 - shown.width) / 2, static_cast<int>(1024 - shown.height) / 2));
 
     mInterface.setKey(SpaceUsage, true);
     mInterface.runFrame();
