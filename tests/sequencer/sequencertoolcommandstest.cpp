@@ -8,55 +8,19 @@
 #include "tests/support/headlessinterface.h"
 #include "tests/support/held.h"
 #include "tests/support/tracecapture.h"
-#include "ui/uicontrol.h"
-#include "ui/uidialog.h"
 #include "ui/uimainmenu.h"
 #include "ui/uimenu.h"
 
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <functional>
+#include <sstream>
 
 namespace
 {
-std::string text(const AutoString& name)
-{
-    return name.empty() ? "" : name.c_str();
-}
-
-// "T{u8[10L 20T] } M@5 |T u8 10 " : tracks, lanes, keys with frame and type, markers, and what is selected.
-std::string describe(const SequencerTool& tool)
-{
-    std::string all;
-    const SequencerResourceIntermediate& sequence = *tool.getSequence();
-    for (ObjectBase* track : sequence.getTrackList())
-    {
-        all += text(static_cast<SequencerTrack*>(track)->getTrackName()) + "{";
-        for (ObjectBase* object : static_cast<SequencerTrack*>(track)->getLaneList())
-        {
-            SequencerLane* lane = static_cast<SequencerLane*>(object);
-            all += text(lane->getControlName()) + "[";
-            for (ObjectBase* key : lane->getKeyList())
-                all += std::to_string(static_cast<SequencerKey*>(key)->getFrame()) +
-                       "CLHT"[static_cast<int>(static_cast<SequencerKey*>(key)->getInterpolateType())];
-            all += "]";
-        }
-        all += "} ";
-    }
-    for (ObjectBase* marker : sequence.getMarkerList())
-        all += text(static_cast<SequencerMarker*>(marker)->getMarkerName()) + "@" +
-               std::to_string(static_cast<SequencerMarker*>(marker)->getFrame()) + " ";
-    all += "|";
-    if (tool.isMarkerTrackSelected())
-        all += " *" + (tool.getSelectMarker() ? text(tool.getSelectMarker()->getMarkerName()) : "");
-    if (tool.getSelectTrack())
-        all += " " + text(tool.getSelectTrack()->getTrackName());
-    if (tool.getSelectLane())
-        all += " " + text(tool.getSelectLane()->getControlName());
-    if (tool.getSelectKey())
-        all += " " + std::to_string(tool.getSelectKey()->getFrame());
-    return all;
-}
+constexpr unsigned int Left = 160;
+constexpr unsigned int Right = 162;
 
 UIBase* getChild(const UIBase& parent, int index)
 {
@@ -64,6 +28,7 @@ UIBase* getChild(const UIBase& parent, int index)
 }
 }
 
+// The editor of a sequence, whose track "T" holds a probe, in the hands of a user.
 class SequencerToolCommands : public testing::Test
 {
 protected:
@@ -73,149 +38,215 @@ protected:
         run();
     }
 
-    // As many frames as the slowest message takes. The resource system knows only what has a file.
+    // The resource system, which ends what is new after a frame, does not know a sequence without a file.
     void run()
     {
         mInterface.runFrames(2);
         mSequence->clearUpdate();
     }
 
-    void choose(const char* menu, const char* item, SequencerTool* tool)
+    // An item of a menu of its name, and what is typed into the dialog that it opens.
+    void choose(const char* item, const char* answer = nullptr)
     {
-        for (UIMainMenu::Item* entry : tool->getMainMenu()->getItems())
+        for (UIMainMenu::Item* entry : mTool->getMainMenu()->getItems())
             for (UIMenu::Item* row : entry->getSubMenu()->getItems())
-                if (AutoString::isEqual(entry->getName(), menu) && AutoString::isEqual(row->getName(), item))
+                if (AutoString::isEqual(row->getName(), item))
                     row->occurEvent();
         run();
-    }
-    void choose(const char* menu, const char* item) { choose(menu, item, mTool); }
-
-    void type(const char* keys)
-    {
-        for (; *keys; ++keys)
-        {
-            const unsigned int code = *keys == '_' ? 92u : static_cast<unsigned int>(std::toupper(*keys));
-            const bool shift = std::isupper(*keys) || *keys == '_';
-            mInterface.mSystem->getFocus()->sendMessage(UIKeyDownMessage(code, shift));
-        }
-    }
-
-    // Opens the dialog, types a name and confirms.
-    void pick(const char* menu, const char* item, const char* name)
-    {
-        choose(menu, item);
+        if (!answer)
+            return;
+        ASSERT_EQ(mInterface.mSystem->getModalWindowList().size(), 1u) << item;
         const sPoint corner = mInterface.mSystem->getActiveWindow()->getPosition();
-        ASSERT_EQ(mInterface.mSystem->getModalWindowList().size(), 1u);
-        mInterface.click(corner + sPoint(20, 200));
-        type(name);
+        type(corner + sPoint(20, 200), answer);
         mInterface.click(corner + sPoint(260, 200));
-        run();
     }
 
-    // Types into the box of a widget of the property pane and commits, by Return or by going elsewhere.
+    void type(const sPoint& place, const char* keys)
+    {
+        mInterface.click(place);
+        for (; *keys && mInterface.mSystem->getFocus(); ++keys)
+            mInterface.mSystem->getFocus()->sendMessage(
+                UIKeyDownMessage(static_cast<unsigned int>(std::toupper(*keys)), std::isupper(*keys) != 0));
+    }
+
+    // Into the box of a widget of the property pane.
     void edit(int group, int widget, const char* keys)
     {
         UIBase* holder = getChild(*mTool->getControlForm(), 2);
-        const sPoint corner = getChild(*getChild(*holder, group), widget)->getAbsPosition();
-        mInterface.click(corner + sPoint(8, 24));
-        type(keys);
-        run();
+        type(getChild(*getChild(*holder, group), widget)->getAbsPosition() + sPoint(8, 24), keys);
     }
 
-    // The two forms of the sequence are the same, and so is what a file brings back.
-    void expectIntact(const std::string& where)
+    // What some widgets do without a begin.
+    void endEdit() { mTool->getControlForm()->sendMessage(UIEndEditMessage()); }
+
+    void press(unsigned int key, unsigned int combination = 0)
     {
-        EXPECT_TRUE(mSequence->isConsistent()) << where;
+        if (const UIShortcutBase* shortcut = mTool->findShortcut(key, combination))
+            shortcut->shortcut(static_cast<UIWindow*>(mTool));
+        else
+            mTool->stepSelection(key == Right);
+    }
+
+    void track(const char* name) { mTool->setSelectTrack(mSequence->findTrack(name)); }
+    void lane(const char* name) { mTool->setSelectLane(mSequence->findLane("T", name)); }
+    void seek(unsigned int frame) { mTool->setCurrentFrame(frame); }
+
+    // "20 T{u8[10L5]} M@5:0,0,0,0 | T u8 10": the head; keys by their records, markers with what their records have of
+    // type, count, target frame and index; what is selected.
+    std::string describe() const
+    {
+        std::ostringstream text;
+        text << mTool->getCurrentFrame() << (mTool->getSequencer()->isPlaying() ? "> " : " ");
+        for (unsigned int i = 0; i < mSequence->getTrackNum(); ++i)
+        {
+            const auto& track = static_cast<SequencerTrack&>(*mSequence->getTrackList()[i]);
+            text << track.getTrackName().c_str() << "{";
+            for (unsigned int j = 0; j < track.getLaneList().size(); ++j)
+                text << static_cast<SequencerLane*>(track.getLaneList()[j])->getControlName().c_str()
+                     << describeKeys(mSequence->getTrackArray()[i].lane[j]);
+            text << "} ";
+        }
+        for (unsigned int i = 0; i < mSequence->getMarkerNum(); ++i)
+        {
+            const auto& marker = static_cast<SequencerMarker&>(*mSequence->getMarkerList()[i]);
+            const sMarkerRecord& record = mSequence->getMarkerArray()[i];
+            text << marker.getMarkerName().c_str() << "@" << marker.getFrame();
+            if (record.type || record.count || record.targetFrame || record.targetIndex)
+                text << ":" << record.type << record.count << record.targetFrame << record.targetIndex;
+            text << " ";
+        }
+        text << (mTool->isMarkerTrackSelected() ? "|*" : "|");
+        if (mTool->getSelectMarker())
+            text << mTool->getSelectMarker()->getMarkerName().c_str();
+        if (mTool->getSelectTrack())
+            text << mTool->getSelectTrack()->getTrackName().c_str();
+        if (mTool->getSelectLane())
+            text << " " << mTool->getSelectLane()->getControlName().c_str();
+        if (mTool->getSelectKey())
+            text << " " << mTool->getSelectKey()->getFrame();
+        return text.str();
+    }
+
+    static std::string describeKeys(const sLaneRecord& lane)
+    {
+        std::ostringstream text;
+        for (const unsigned char* key = lane.key; key != lane.key + lane.keyNum * lane.keyStride; key += lane.keyStride)
+            text << " " << readKeyHead(key).frame << "CLHT"[readKeyHead(key).interpolateType] << int(key[2]);
+        return "[" + text.str() + "]";
+    }
+
+    // Whether a file brings back what is there.
+    bool comesBack()
+    {
         const std::string file = mInterface.getRoot() + "/walk.seq.xml";
         TextFileStream out(file.c_str(), FileStream::Write);
-        EXPECT_TRUE(mSequence->save(out) && out.flush());
         SequencerResourceIntermediate copy;
+        if (!mSequence->save(out) || !out.flush())
+            return false;
         TextFileStream in(file.c_str(), FileStream::Read);
-        EXPECT_TRUE(copy.load(in) && SequenceBuild::isEqual(*mSequence, copy)) << where;
+        return copy.load(in) && SequenceBuild::isEqual(*mSequence, copy);
     }
-
-    void seek(unsigned int frame) { mTool->setCurrentFrame(frame); }
-    SequencerTrack* track(const char* name) { return mSequence->findTrack(name); }
 
     HeadlessInterface mInterface;
     Held<TestSequence> mSequence{new TestSequence(0, 100)};
     SequencerTool* mTool = mInterface.add(new SequencerTool(mSequence.get()));
 };
 
-TEST_F(SequencerToolCommands, EditTheSequenceAndTheSelection)
+TEST_F(SequencerToolCommands, EditBothFormsOfTheSequence)
 {
-    const auto select = [&](const char* name)
-    {
-        mTool->setSelectLane(mSequence->findLane("T", name));
-    };
+    // A step and its result, null where nothing changes.
     const std::pair<std::function<void()>, const char*> rows[] = {
-        {[&] { choose("Track", "Add Sequencer Track"); }, "T{} Track0{} |"},
-        {[&] { pick("Track", "Add Track", "SequenceProbe"); }, "T{} Track0{} Track1{} |"},
-        {[&] { pick("Track", "Add Track", "SequencerTool"); }, nullptr},
-        {[&] { pick("Track", "Add Track", "nobody"); }, nullptr},
-        {[&] { choose("Track", "Remove Track"); }, nullptr},
-        {[&] { choose("Lane", "Add Lane"); }, nullptr},
-        {[&] { mTool->setSelectTrack(track("Track1")); }, "T{} Track0{} Track1{} | Track1"},
-        {[&] { choose("Track", "Remove Track"); }, "T{} Track0{} |"},
-        {[&] { mTool->setSelectTrack(track("T")); }, "T{} Track0{} | T"},
-        {[&] { pick("Lane", "Add Lane", "u8"); }, "T{u8[]} Track0{} | T"},
-        {[&] { pick("Lane", "Add Lane", "u8"); }, nullptr},
-        {[&] { pick("Lane", "Add Lane", "nobody"); }, nullptr},
-        {[&] { pick("Lane", "Add Lane", "point"); }, "T{u8[]point[]} Track0{} | T"},
-        {[&] { choose("Lane", "Remove Lane"); }, nullptr},
-        {[&] { mTool->setSelectTrack(track("Track0")), select("u8"); }, "T{u8[]point[]} Track0{} | T u8"},
-        {[&] { seek(10), choose("Key", "Add Key"); }, "T{u8[10L]point[]} Track0{} | T u8 10"},
-        {[&] { choose("Key", "Add Key"); }, nullptr},
-        {[&] { seek(20), choose("Key", "Add Key All Lane"); }, "T{u8[10L20L]point[20L]} Track0{} | T u8 10"},
-        {[&] { choose("Key", "Remove Key"); }, "T{u8[20L]point[20L]} Track0{} | T u8"},
-        {[&] { choose("Key", "Remove Key"); }, nullptr},
-        {[&] { select("point"); }, "T{u8[20L]point[20L]} Track0{} | T point 20"},
-        {[&] { mTool->eventRemoveAllKey(); }, "T{u8[20L]point[]} Track0{} | T point"},
-        {[&] { choose("Lane", "Remove Lane"); }, "T{u8[20L]} Track0{} |"},
-        {[&] { choose("Marker", "Add Marker"); }, "T{u8[20L]} Track0{} Marker0@20 | *Marker0"},
-        {[&] { choose("Marker", "Add Marker"); }, nullptr},
-        {[&] { select("u8"), seek(5), mTool->selectMarkerTrack(); }, "T{u8[20L]} Track0{} Marker0@20 | *"},
-        {[&] { choose("Marker", "Add Marker"); }, "T{u8[20L]} Track0{} Marker1@5 Marker0@20 | *Marker1"},
-        {[&] { choose("Marker", "Remove Marker"); }, "T{u8[20L]} Track0{} Marker0@20 | *"},
+        {[&] { choose("Add Sequencer Track"); }, "0 T{} Track0{} |"},
+        {[&] { choose("Add Track", "SequenceProbe"); }, "0 T{} Track0{} Track1{} |"},
+        {[&] { choose("Add Track", "SequencerTool"); }, nullptr},
+        {[&] { choose("Add Track", "nobody"); }, nullptr},
+        {[&] { choose("Remove Track"), choose("Add Lane"); }, nullptr},
+        {[&] { track("Track1"); }, "0 T{} Track0{} Track1{} |Track1"},
+        {[&] { choose("Remove Track"); }, "0 T{} Track0{} |"},
+        {[&] { track("T"); }, "0 T{} Track0{} |T"},
+        {[&] { choose("Add Lane", "u8"); }, "0 T{u8[]} Track0{} |T"},
+        {[&] { choose("Add Lane", "u8"), choose("Add Lane", "nobody"), choose("Remove Lane"); }, nullptr},
+        {[&] { choose("Add Lane", "s8"); }, "0 T{u8[]s8[]} Track0{} |T"},
+        // Keys.
+        {[&] { track("Track0"), lane("u8"); }, "0 T{u8[]s8[]} Track0{} |T u8"},
+        {[&] { track("Track0"), choose("Remove Track"), lane("u8"); }, "0 T{u8[]s8[]} |T u8"},
+        {[&] { seek(10), choose("Add Key"); }, "10 T{u8[ 10L0]s8[]} |T u8 10"},
+        {[&] { choose("Add Key"); }, nullptr},
+        {[&] { edit(1, 2, "77\r"); }, "10 T{u8[ 10L77]s8[]} |T u8 10"},
+        {[&] { seek(20), choose("Add Key All Lane"); }, "20 T{u8[ 10L77 20L77]s8[ 20L0]} |T u8 10"},
+        {[&] { seek(30), choose("Add Key"); }, "30 T{u8[ 10L77 20L77 30L77]s8[ 20L0]} |T u8 30"},
+        {[&] { edit(1, 0, "15\r"); }, "30 T{u8[ 10L77 15L77 20L77]s8[ 20L0]} |T u8 15"},
+        {[&] { edit(1, 2, "9"), mTool->setSelectKey(nullptr); }, "30 T{u8[ 10L77 15L9 20L77]s8[ 20L0]} |T u8"},
+        {[&] { press(Right); }, "30 T{u8[ 10L77 15L9 20L77]s8[ 20L0]} |T u8 20"},
+        {[&] { press(Right); }, nullptr},
+        {[&] { press(Left); }, "30 T{u8[ 10L77 15L9 20L77]s8[ 20L0]} |T u8 15"},
+        {[&] { mTool->setSelectKey(nullptr), press(Left); }, "30 T{u8[ 10L77 15L9 20L77]s8[ 20L0]} |T u8 10"},
+        {[&] { press(Left); }, nullptr},
+        {[&] { mTool->getSelectKey()->setInterpolateType(eInterpolateType::Hermite), endEdit(); },
+         "30 T{u8[ 10H77 15L9 20L77]s8[ 20L0]} |T u8 10"},
+        {[&] { edit(1, 2, "3"), choose("Remove Key"); }, "30 T{u8[ 15L9 20L77]s8[ 20L0]} |T u8"},
+        {[&] { choose("Remove Key"); }, nullptr},
+        {[&] { lane("s8"); }, "30 T{u8[ 15L9 20L77]s8[ 20L0]} |T s8 20"},
+        {[&] { mTool->eventRemoveAllKey(); }, "30 T{u8[ 15L9 20L77]s8[]} |T s8"},
+        {[&] { choose("Remove Lane"); }, "30 T{u8[ 15L9 20L77]} |"},
+        {[&] { track("T"), choose("Remove All Lane"); }, "30 T{} |"},
+        // Markers, and what the keys do with them.
+        {[&] { choose("Add Marker"); }, "30 T{} Marker0@30 |*Marker0"},
+        {[&] { choose("Add Marker"); }, nullptr},
+        {[&] { seek(5), track("T"), mTool->selectMarkerTrack(); }, "5 T{} Marker0@30 |*"},
+        {[&] { choose("Add Marker"), edit(0, 3, "4\r"); }, "5 T{} Marker1@5:0400 Marker0@30 |*Marker1"},
+        {[&] { edit(0, 5, "12\r"); }, "5 T{} Marker1@5:04120 Marker0@30 |*Marker1"},
+        {[&] { edit(0, 6, "Marker0\r"); }, "5 T{} Marker1@5:04121 Marker0@30 |*Marker1"},
+        {[&] { edit(0, 0, "Marker0\r"), edit(0, 0, "\b\r"); }, nullptr},
+        {[&] { edit(0, 0, "M\r"); }, "5 T{} M@5:04121 Marker0@30 |*M"},
+        {[&] { press(Right); }, "5 T{} M@5:04121 Marker0@30 |*Marker0"},
+        {[&] { press(Left), press(Left); }, "5 T{} M@5:04121 Marker0@30 |*M"},
+        {[&] { press(Right, 4), press(Right, 4); }, "30 T{} M@5:04121 Marker0@30 |*Marker0"},
+        {[&] { press(167, 4), press(Left, 4); }, nullptr},
+        {[&] { press(Left, 4); }, "5 T{} M@5:04121 Marker0@30 |*M"},
+        {[&] { mTool->getSelectMarker()->setMarkerType(eMarkerType::JumpTarget), endEdit(); },
+         "5 T{} M@5:14121 Marker0@30 |*M"},
+        {[&] { press(167, 4), press(Left, 4), press(Left, 4); }, "30 T{} M@5:14121 Marker0@30 |*Marker0"},
+        {[&] { press(166, 4), press(132); }, "0> T{} M@5:14121 Marker0@30 |*Marker0"},
+        {[&] { press(132), press(166, 4); }, "0 T{} M@5:14121 Marker0@30 |*Marker0"},
+        {[&] { choose("Remove Marker"); }, "0 T{} M@5:14121 |*"},
         // Somebody else changes the sequence: the tool begins anew, and counts names from 0 again.
-        {[&] { mSequence->setFPS(30), run(); }, "T{u8[20L]} Track0{} Marker0@20 |"},
-        {[&] { choose("Marker", "Add Marker"); }, "T{u8[20L]} Track0{} Track1@5 Marker0@20 | *Track1"},
-        {[&] { choose("Marker", "Remove All Marker"); }, "T{u8[20L]} Track0{} | *"},
-        {[&] { choose("Track", "Add Sequencer Track"); }, "T{u8[20L]} Track0{} Track1{} | *"},
-        {[&] { mTool->setSelectTrack(track("T")); }, "T{u8[20L]} Track0{} Track1{} | T"},
-        {[&] { choose("Lane", "Remove All Lane"); }, "T{} Track0{} Track1{} |"},
+        {[&] { mSequence->setMarkerName("M", "Marker0"); }, "0 T{} Marker0@5:14121 |"},
+        {[&] { choose("Add Marker"); }, "0 T{} Track1@0 Marker0@5:14121 |*Track1"},
+        {[&] { choose("Remove All Marker"); }, "0 T{} |*"},
     };
     for (const auto& [act, result] : rows)
     {
-        const std::string before = describe(*mTool);
+        const std::string before = describe();
         mSequence->clearModify();
         act();
-        EXPECT_EQ(describe(*mTool), result ? result : before);
+        run();
+        EXPECT_EQ(describe(), result ? result : before);
         EXPECT_TRUE(result || !mSequence->isModified()) << before;
-        expectIntact(before);
+        EXPECT_TRUE(mSequence->isConsistent() && comesBack()) << before;
     }
+    for (unsigned int combination : {1u, 4u})
+        EXPECT_EQ(mTool->findShortcut(132, combination), nullptr);
 }
 
 TEST_F(SequencerToolCommands, DoNothingWithoutASequence)
 {
-    SequencerTool* tool = mInterface.add(new SequencerTool(nullptr));
-    mInterface.runFrame();
-    for (UIMainMenu::Item* entry : tool->getMainMenu()->getItems())
+    mTool->setResource(nullptr);
+    for (UIMainMenu::Item* entry : mTool->getMainMenu()->getItems())
         for (UIMenu::Item* row : entry->getSubMenu()->getItems())
-            if (!AutoString::isEqual(entry->getName(), "File"))
-                choose(entry->getName(), row->getName(), tool);
-    tool->stepSelection(true);
-    tool->seekNextTargetMarker();
-    tool->seekPreviousTargetMarker();
-    tool->eventRemoveAllKey();
-    EXPECT_EQ(mInterface.mSystem->getWindowList().size(), 2u);
-    EXPECT_FALSE(tool->getSequencer()->isPlaying());
+            if (row->getName() && !AutoString::isEqual(entry->getName(), "File"))
+                choose(row->getName());
+    for (const unsigned int key : {Left, Right})
+        press(key), press(key, 4);
+    mTool->eventRemoveAllKey();
+    EXPECT_EQ(mInterface.mSystem->getWindowList().size(), 1u);
+    EXPECT_FALSE(mTool->getSequencer()->isPlaying());
 }
 
 TEST_F(SequencerToolCommands, RecordInAKeyWhatTheObjectHolds)
 {
-    mTool->setSelectTrack(track("T"));
-    choose("Lane", "Add All Lane");
+    track("T");
+    choose("Add All Lane");
     SequenceProbe* probe = mTool->getLiveObject(0)->cast<SequenceProbe>();
     const auto set = [probe]<typename... Ts>(TypeList<Ts...>)
     {
@@ -223,155 +254,49 @@ TEST_F(SequencerToolCommands, RecordInAKeyWhatTheObjectHolds)
     };
     set(ValueTypes{});
     seek(7);
-    choose("Key", "Add Key All Lane");
+    choose("Add Key All Lane");
     EXPECT_TRUE(mSequence->isConsistent());
 
-    for (ObjectBase* object : track("T")->getLaneList())
+    for (ObjectBase* object : mSequence->findTrack("T")->getLaneList())
     {
         const SequencerLane* lane = static_cast<SequencerLane*>(object);
         SequencerKey* key = lane->findKey(7);
-        ASSERT_NE(key, nullptr) << text(lane->getControlName());
-        const bool known = visitValueType(ValueTypes{}, lane->getKeyType(),
-                                          [key]<typename T>()
-                                          {
-                                              const T value = makeValue<T>(3);
-                                              EXPECT_EQ(std::memcmp(key->getParameter(), &value, sizeof(T)), 0);
-                                          });
+        ASSERT_NE(key, nullptr) << lane->getControlName().c_str();
+        const auto expect = [key]<typename T>()
+        {
+            const T value = makeValue<T>(3);
+            EXPECT_EQ(std::memcmp(key->getParameter(), &value, sizeof(T)), 0);
+        };
+        const bool known = visitValueType(ValueTypes{}, lane->getKeyType(), expect);
         EXPECT_EQ(key->getInterpolateType(), known ? eInterpolateType::Linear : eInterpolateType::Trigger);
         EXPECT_NE(key->isTriggerOnly(), known);
+        List<UIBase> widgets;
+        key->makeUIList(widgets);
+        EXPECT_EQ(widgets.size(), lane->getKeyType() == KeyTable::ResourceType ? 2u : 3u);
+        EXPECT_EQ(widgets[1]->isEnabled(), known);
+        for (UIBase* widget : widgets)
+            delete widget;
     }
-}
-
-TEST_F(SequencerToolCommands, TakeOverWhatThePaneHasEdited)
-{
-    mTool->setSelectTrack(track("T"));
-    pick("Lane", "Add Lane", "u8");
-    mTool->setSelectLane(mSequence->findLane("T", "u8"));
-    for (unsigned int frame : {10u, 20u})
-        seek(frame), choose("Key", "Add Key");
-    const auto record = [this](unsigned int index)
-    {
-        return mSequence->findNativeLane("T", "u8")->key + 4 * index;
-    };
-
-    edit(1, 2, "77\r");
-    EXPECT_EQ(record(1)[2], 77);
-    edit(1, 0, "5\r");
-    EXPECT_EQ(describe(*mTool), "T{u8[5L10L]} | T u8 5");
-    expectIntact("move");
-
-    edit(1, 2, "9");
-    mTool->setSelectKey(mSequence->findKey("T", "u8", 10));
-    EXPECT_EQ(record(0)[2], 9) << "selecting another key commits to the former one";
-    EXPECT_EQ(record(1)[2], 0);
-
-    mTool->getSelectKey()->setInterpolateType(eInterpolateType::Hermite);
-    mTool->getControlForm()->sendMessage(UIEndEditMessage());
-    EXPECT_EQ(getInterpolateType(record(1)), eInterpolateType::Hermite) << "an end without a begin";
-
-    edit(1, 2, "3");
-    choose("Key", "Remove Key");
-    EXPECT_EQ(describe(*mTool), "T{u8[5L]} | T u8");
-    expectIntact("remove");
-}
-
-TEST_F(SequencerToolCommands, TakeOverWhatThePaneHasEditedInAMarker)
-{
-    for (unsigned int frame : {30u, 60u})
-        seek(frame), choose("Marker", "Add Marker");
-    const auto getRecord = [this]
-    {
-        return *mSequence->findNativeMarker(mTool->getSelectMarker()->getMarkerName());
-    };
-
-    edit(0, 3, "4\r");
-    edit(0, 5, "12\r");
-    edit(0, 6, "marker0\r");
-    edit(0, 6, "Marker0\r");
-    EXPECT_EQ(getRecord().count, 4u);
-    EXPECT_EQ(getRecord().targetFrame, 12u);
-    EXPECT_EQ(getRecord().targetIndex, 0u);
-    EXPECT_TRUE(mSequence->isConsistent());
-
-    // A name in use and none at all are refused.
-    const std::pair<const char*, const char*> names[] = {
-        {"Marker0\r", "Marker1"}, {"\b\r", "Marker1"}, {"End\r", "End"}};
-    for (const auto& [keys, name] : names)
-    {
-        edit(0, 0, keys);
-        EXPECT_EQ(mTool->getSelectMarker()->getMarkerName(), name) << keys;
-    }
-    edit(0, 1, "9\r");
-    EXPECT_EQ(describe(*mTool), "T{} End@9 Marker0@30 | *End");
-
-    mTool->getSelectMarker()->setMarkerType(eMarkerType::JumpFrame);
-    mTool->getSelectMarker()->setReset(true);
-    mTool->getControlForm()->sendMessage(UIEndEditMessage());
-    EXPECT_EQ(getRecord().type, 2u);
-    EXPECT_EQ(getRecord().reset, 1u);
 }
 
 TEST_F(SequencerToolCommands, RefuseAResourceThatPlaysTheSequenceItself)
 {
-    choose("Track", "Add Sequencer Track");
-    mTool->setSelectTrack(track("Track0"));
-    pick("Lane", "Add Lane", "Resource");
+    choose("Add Sequencer Track");
+    track("Track0");
+    choose("Add Lane", "Resource");
+    run();
     mTool->setSelectLane(mSequence->findLane("Track0", "Resource"));
 
     const Held<SequencerResourceIntermediate> other(new SequencerResourceIntermediate);
     mTool->getSelectLiveObject()->cast<Sequencer>()->setResource(other.get());
-    choose("Key", "Add Key");
+    choose("Add Key");
     auto* key = static_cast<SequencerUniqueKey<ResourceBase>*>(mTool->getSelectKey());
     ASSERT_EQ(key->getResource(), other.get());
     EXPECT_EQ(TypeInfo::find(key->getResourceTypeID()), SequencerResource::getStaticTypeInfo());
 
     TraceCapture traces;
     key->setResource(mSequence.get());
-    mTool->getControlForm()->sendMessage(UIEndEditMessage());
+    endEdit();
     EXPECT_EQ(key->getResource(), other.get());
     EXPECT_EQ(traces.take(), "Sequence plays itself.\n");
-}
-
-TEST_F(SequencerToolCommands, StepAndSeekByKeys)
-{
-    for (unsigned int frame : {10u, 20u, 30u})
-        mSequence->addMarker(AutoString(static_cast<char>('a' + frame / 10)), frame);
-    mSequence->setMarkerType("d", eMarkerType::JumpFrame);
-    mSequence->addProbeLane("u8");
-    for (unsigned int frame : {1u, 2u, 3u})
-        mSequence->addKey("T", "u8", frame, eInterpolateType::Linear);
-    mInterface.runFrame();
-
-    constexpr unsigned int Left = 160;
-    constexpr unsigned int Right = 162;
-    const auto press = [this](unsigned int key, unsigned int combination)
-    {
-        if (const UIShortcutBase* shortcut = mTool->findShortcut(key, combination))
-            shortcut->shortcut(static_cast<UIWindow*>(mTool));
-        else
-            mTool->stepSelection(key == Right);
-        return std::to_string(mTool->getCurrentFrame()) + describe(*mTool).substr(describe(*mTool).find('|'));
-    };
-    const std::tuple<unsigned int, unsigned int, const char*> rows[] = {
-        {Right, 4, "10| *b"}, {Right, 4, "20| *c"}, {Right, 4, "20| *c"}, {Right, 0, "20| *d"},
-        {Right, 0, "20| *d"}, {Left, 0, "20| *c"},  {167, 4, "100| *c"},  {Left, 4, "20| *c"},
-        {Left, 4, "10| *b"},  {Left, 4, "10| *b"},  {166, 4, "0| *b"},
-    };
-    for (const auto& [key, combination, result] : rows)
-        EXPECT_EQ(press(key, combination), result);
-
-    mTool->setSelectLane(mSequence->findLane("T", "u8"));
-    EXPECT_EQ(press(Right, 0), "0| T u8 3") << "without a selected key, right is the last one";
-    EXPECT_EQ(press(Left, 0), "0| T u8 2");
-    mTool->setSelectKey(nullptr);
-    EXPECT_EQ(press(Left, 0), "0| T u8 1");
-    EXPECT_EQ(press(Left, 0), "0| T u8 1");
-
-    for (const bool playing : {true, false})
-    {
-        press(132, 0);
-        EXPECT_EQ(mTool->getSequencer()->isPlaying(), playing);
-    }
-    for (unsigned int combination : {1u, 4u})
-        EXPECT_EQ(mTool->findShortcut(132, combination), nullptr);
 }
