@@ -8,8 +8,7 @@
 #include "render/rendersystem.h"
 #include "ui/uibutton.h"
 #include "ui/uicolor.h"
-#include "ui/uienumcontrol.h"
-#include "ui/uiflagcontrol.h"
+#include "ui/uicolorcontrol.h"
 #include "ui/uigroup.h"
 #include "ui/uilist.h"
 #include "ui/uipainter.h"
@@ -19,7 +18,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -143,38 +141,30 @@ void addBlock(UIForm& form, const InterfaceTexts& texts)
 // What the controls of an inspector edit.
 struct sValues
 {
-    bool flag = true;
+    sColor color = sColor::Gray;
+    sPoint point = sPoint::Zero;
     int number = InterfaceTexts::getNumber(0);
-    AutoString text = "Text";
-    unsigned int choice = 1;
 };
 
-constexpr sEnumInfo Choices[] = {{"First", 0}, {"Second", 1}};
-constexpr unsigned int KindNum = 4;
-
-UIControl* makeControl(sValues& values, unsigned int kind)
+template <typename Control, typename T>
+void addControl(UIGroup* group, const char* name, T& value)
 {
-    constexpr unsigned int Whole = UIControl::WholeValue;
-    switch (kind)
-    {
-    case 0:
-        return new UIFlagControl(new ReferenceProperty<bool>("Flag", &values.flag), UIFlagControl::WholeMask, false,
-                                 Whole);
-    case 1: return new UIParameterControl(new ReferenceProperty<int>("Number", &values.number), false, Whole);
-    case 2: return new UIParameterControl(new ReferenceProperty<AutoString>("Text", &values.text), false, Whole);
-    default:
-        return new UIEnumControl(new ReferenceProperty<unsigned int>("Choice", &values.choice), Choices,
-                                 std::size(Choices), false, Whole);
-    }
+    group->add(new Control(new ReferenceProperty<T>(name, &value), false, UIControl::WholeValue));
 }
 
-// As many controls of single values as a block has elements, a quarter of each kind.
+// A block of the inspector, with as many controls as a block has elements: a colour is 9, its boxes and sliders among
+// them, a point is 3, a number with its name 2.
 void addBoundBlock(UIForm& form, sValues& values)
 {
     UIGroup* group = new UIGroup("Inspector");
     group->setAttribute(UIBase::RowElement);
-    for (unsigned int i = 0; i < sInterfaceScene::BlockSize; ++i)
-        group->add(makeControl(values, i % KindNum));
+    for (unsigned int i = 0; i < 4; ++i)
+    {
+        addControl<UIColorControl>(group, "Color", values.color);
+        addControl<UIParameterControl>(group, "Number", values.number);
+    }
+    for (unsigned int i = 0; i < 2; ++i)
+        addControl<UIPointControl>(group, "Point", values.point);
     form.addClient(group);
 }
 
