@@ -36,11 +36,13 @@ SystemInfoWindow::SystemInfoWindow()
 
 void SystemInfoWindow::addSystems()
 {
-    SystemManager& manager = *SystemManager::getInstance();
+    SystemManager* manager = SystemManager::getInstance();
+    // A document can name this class where there are no systems.
+    const unsigned int systemNum = manager ? manager->getSystemNum() : 0;
     List<UIBase> controls(ReservedControls);
-    for (unsigned int i = 0; i < manager.getSystemNum(); ++i)
+    for (unsigned int i = 0; i < systemNum; ++i)
     {
-        System* system = manager.getSystem(i);
+        System* system = manager->getSystem(i);
         UIGroup* group = new UIGroup(system->getTypeInfo()->getName());
         group->setAttribute(RowElement);
         system->makeUIList(controls);
