@@ -2,6 +2,7 @@
 
 #include "application/exhibitwindow.h"
 #include "application/galleryelement.h"
+#include "application/galleryreferences.h"
 #include "application/gallerystructures.h"
 #include "application/gallerytool.h"
 #include "application/galleryvalues.h"
@@ -279,6 +280,12 @@ void buildTexture(ExhibitWindow& window)
     window.addClient(view);
 }
 
+void buildReferences(ExhibitWindow& window)
+{
+    window.addReport();
+    window.addClient(new GalleryReferences(&window));
+}
+
 void buildNothing(ExhibitWindow&)
 {
 }
@@ -303,6 +310,7 @@ constexpr sExhibit ExhibitTable[] = {
     {"Values", {472, 600, 768, 760}, Sizable, Flow, false, buildValues},
     {"Structures", {8, 626, 296, 760}, Sizable, Flow, false, buildStructures},
     {"Texture", {304, 626, 464, 760}, Sizable, UIForm::ScrollBars, false, buildTexture},
+    {"References", {776, 546, 1016, 660}, Sizable, Flow, false, buildReferences},
 };
 }
 
@@ -328,6 +336,6 @@ void Gallery::openTool()
     SequencerResourceIntermediate* sequence = new SequencerResourceIntermediate;
     GalleryTool* tool = new GalleryTool(sequence);
     sequence->release();
-    tool->setPosition(sPoint(776, 600));
+    tool->setPosition(sPoint(776, 664));
     UISystem::getInstance()->addWindow(tool);
 }

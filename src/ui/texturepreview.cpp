@@ -6,35 +6,27 @@
 #include "ui/uipainter.h"
 #include "ui/uisystem.h"
 
-namespace
-{
-void drawWhole(UIPainter* painter, const sRect& rect, Texture* texture)
-{
-    painter->setTextureFiltering(UIPainter::eTextureFiltering::Linear);
-    painter->setTexture(texture);
-    painter->drawRect(rect, sColor::White, sTexcoord(0, 0),
-                      sTexcoord(static_cast<int>(texture->getWidth()), static_cast<int>(texture->getHeight())));
-}
-}
-
 Texture* TexturePreview::getTexture(ResourceBase* resource)
 {
     const TextureResource* picture = resource ? resource->cast<TextureResource>() : nullptr;
     return picture ? picture->getTexture() : nullptr;
 }
 
-void TexturePreview::paint(UIPainter* painter, const sRect& rect, Texture* texture)
+void TexturePreview::stretch(UIPainter* painter, const sRect& rect, Texture* texture, eBlendMode mode)
 {
-    painter->setBlendMode(UIPainter::eBlendMode::Opaque);
-    drawWhole(painter, rect, texture);
+    painter->setBlendMode(mode);
+    painter->setTextureFiltering(UIPainter::eTextureFiltering::Linear);
+    painter->setTexture(texture);
+    painter->drawRect(rect, sColor::White, sTexcoord(0, 0),
+                      sTexcoord(static_cast<int>(texture->getWidth()), static_cast<int>(texture->getHeight())));
+    painter->setBlendMode(eBlendMode::Opaque);
 }
 
-void TexturePreview::paintOverBlack(UIPainter* painter, const sRect& rect, Texture* texture)
+void TexturePreview::paint(UIPainter* painter, const sRect& rect, Texture* texture)
 {
     painter->drawRect(rect, sColor::Black);
-    painter->setBlendMode(UIPainter::eBlendMode::Alpha);
-    drawWhole(painter, rect, texture);
-    painter->setBlendMode(UIPainter::eBlendMode::Opaque);
+    if (texture)
+        stretch(painter, rect, texture, eBlendMode::Alpha);
 }
 
 void TexturePreview::open(Texture* texture)

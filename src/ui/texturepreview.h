@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/srect.h"
+#include "render/drawstate.h"
 
 class ResourceBase;
 class Texture;
@@ -13,9 +14,11 @@ public:
     // Null without a resource, and for one that is no picture or has none: documents can name any class.
     static Texture* getTexture(ResourceBase* resource);
 
-    // The whole texture, stretched; opaque, or transparent over black.
+    // The whole texture, stretched. Leaves the painter opaque.
+    static void stretch(UIPainter* painter, const sRect& rect, Texture* texture, eBlendMode mode);
+
+    // The whole texture on black; black alone for null.
     static void paint(UIPainter* painter, const sRect& rect, Texture* texture);
-    static void paintOverBlack(UIPainter* painter, const sRect& rect, Texture* texture);
 
     // Opens a window that shows it.
     static void open(Texture* texture);

@@ -88,5 +88,5 @@ void UIDesktop::makeUIList(List<UIBase>& list)
 void UIDesktop::eventPaint(UIPainter* painter)
 {
     if (Texture* texture = TexturePreview::getTexture(mWallpaper))
-        TexturePreview::paint(painter, getOwnRegion(), texture);
+        TexturePreview::stretch(painter, getOwnRegion(), texture, eBlendMode::Opaque);
 }

@@ -4,7 +4,6 @@
 #include "reflection/typeset.h"
 #include "render/texture.h"
 #include "ui/texturepreview.h"
-#include "ui/uipainter.h"
 
 namespace
 {
@@ -23,12 +22,8 @@ UITextureControl::UITextureControl(PropertyBase* property, unsigned int index) :
 void UITextureControl::eventPaint(UIPainter* painter)
 {
     const sRect own = getOwnRegion();
-    const sRect picture(0, NameHeight, own.right, own.bottom);
     paintName(painter, sRect(0, 0, own.right, NameHeight));
-    if (Texture* texture = getTexture())
-        TexturePreview::paintOverBlack(painter, picture, texture);
-    else
-        painter->drawRect(picture, sColor::Black);
+    TexturePreview::paint(painter, sRect(0, NameHeight, own.right, own.bottom), getTexture());
 }
 
 void UITextureControl::eventMouseDoubleClick(const sPoint&, unsigned int button)

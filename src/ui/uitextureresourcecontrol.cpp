@@ -2,7 +2,6 @@
 
 #include "resource/textureresource.h"
 #include "ui/texturepreview.h"
-#include "ui/uipainter.h"
 
 namespace
 {
@@ -20,10 +19,7 @@ UITextureResourceControl::UITextureResourceControl(PropertyBase* property, bool 
 void UITextureResourceControl::eventPaint(UIPainter* painter)
 {
     UIResourceControl::eventPaint(painter);
-    if (Texture* texture = TexturePreview::getTexture(getResource()))
-        TexturePreview::paint(painter, getPreview(), texture);
-    else
-        painter->drawRect(getPreview(), sColor::Black);
+    TexturePreview::paint(painter, getPreview(), TexturePreview::getTexture(getResource()));
 }
 
 void UITextureResourceControl::eventMouseDoubleClick(const sPoint& position, unsigned int button)

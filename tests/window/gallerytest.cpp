@@ -141,8 +141,8 @@ TEST_F(GalleryTest, AWindowIsSizedByItsGripDownToItsMinimum)
     }
     mDriver.release();
     mDriver.move(FreeDesktop);
-    expectColor(sPoint(1007, 560), Colors::mDefaultDarkLightColor);
-    expectColor(sPoint(1009, 560), Background);
+    expectColor(sPoint(1007, 538), Colors::mDefaultDarkLightColor);
+    expectColor(sPoint(1009, 538), Background);
 }
 
 TEST_F(GalleryTest, AButtonIsClickedWhenItIsReleasedInside)
