@@ -1,10 +1,8 @@
 #include "ui/uicomponentcontrol.h"
 
-#include "reflection/resourceproperty.h"
 #include "tests/support/elements.h"
 #include "ui/uicolorcontrol.h"
 #include "ui/uicontrolarray.h"
-#include "ui/uiform.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +26,7 @@ UIControl& getChild(const UIBase& control, unsigned int row)
 
 // Each row of the control of element 2 gets its own number.
 template <typename Control, typename T>
-void expectThatRowsEditTheirElementAlone(const std::vector<std::string>& names)
+void expectOwnRows(const std::vector<std::string>& names)
 {
     T values[ElementNum] = {};
     T expected[ElementNum] = {};
@@ -59,16 +57,16 @@ struct EditListener : UIBase
 
 TEST(UIComponentControlTest, EachRowEditsItsNumberOfItsElementAlone)
 {
-    expectThatRowsEditTheirElementAlone<UISizeControl, sSize>({"Width", "Height"});
-    expectThatRowsEditTheirElementAlone<UIPointControl, sPoint>({"X", "Y"});
-    expectThatRowsEditTheirElementAlone<UIRectControl, sRect>({"Left", "Top", "Right", "Bottom"});
-    expectThatRowsEditTheirElementAlone<UITexcoordControl, sTexcoord>({"U", "V"});
-    expectThatRowsEditTheirElementAlone<UIVectorControl, sVector>({"X", "Y"});
-    expectThatRowsEditTheirElementAlone<UIColorControl, sColor>({"Red", "Green", "Blue", "Alpha"});
-    expectThatRowsEditTheirElementAlone<UIColorControl, sColorF>({"Red", "Green", "Blue", "Alpha"});
+    expectOwnRows<UISizeControl, sSize>({"Width", "Height"});
+    expectOwnRows<UIPointControl, sPoint>({"X", "Y"});
+    expectOwnRows<UIRectControl, sRect>({"Left", "Top", "Right", "Bottom"});
+    expectOwnRows<UITexcoordControl, sTexcoord>({"U", "V"});
+    expectOwnRows<UIVectorControl, sVector>({"X", "Y"});
+    expectOwnRows<UIColorControl, sColor>({"Red", "Green", "Blue", "Alpha"});
+    expectOwnRows<UIColorControl, sColorF>({"Red", "Green", "Blue", "Alpha"});
 
-    sPoint point = sPoint::Zero;
-    EXPECT_DEATH(UISizeControl(new ReferenceProperty<sPoint>("Point", &point), false), "Property type missmatch.");
+    sPoint points[ElementNum] = {};
+    EXPECT_DEATH(UISizeControl(share(points), false), "Property type missmatch.");
 }
 
 TEST(UIComponentControlTest, BoxesAndSlidersFillTheFrame)
@@ -76,15 +74,13 @@ TEST(UIComponentControlTest, BoxesAndSlidersFillTheFrame)
     sSize size[ElementNum] = {};
     sColor color[ElementNum] = {};
     UISizeControl sizeControl(share(size), false);
-    EXPECT_EQ(sizeControl.getSize(), sSize(80, 60));
     sizeControl.setSize({100, 60});
     sizeControl.align();
     EXPECT_EQ(getRegions(sizeControl), (std::vector<sRect>{{24, 16, 92, 32}, {24, 34, 92, 50}}));
 
     UIColorControl colorControl(share(color), false);
-    EXPECT_EQ(colorControl.getMinimumSize(), sSize(176, 96));
     EXPECT_EQ(getChild(colorControl, 1).getRelRegion(), sRect(152, 34, 184, 50));
-    EXPECT_EQ(getChild(colorControl, 5).getRelRegion(), sRect(20, 38, 148, 46)) << "the whole line of 127 can be seen";
+    EXPECT_EQ(getChild(colorControl, 5).getRelRegion(), sRect(20, 38, 148, 46)) << "the whole line can be seen";
 }
 
 TEST(UIColorControlTest, ASliderSetsItsChannelFromThePressToAnyRelease)
@@ -96,16 +92,12 @@ TEST(UIColorControlTest, ASliderSetsItsChannelFromThePressToAnyRelease)
     listener.add(new UIColorControl(share(colors), false, 0));
     UIControl& slider = getChild(**listener.getChildrenBegin(), Red);
 
-    slider.sendMessage(UIMouseDownMessage(sPoint(64, 4), UIMouseDownMessage::SecondButton));
-    slider.sendMessage(UIMouseMoveMessage(sPoint(64, 4)));
-    EXPECT_EQ(colors[0].r, 0.0f) << "moved without the first button";
-
     slider.sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
     EXPECT_EQ(colors[0], sColorF(sColor(128, 127, 255, 255))) << "the others are rounded too";
-    for (const auto& [x, red] : {std::pair(-5, 0), {1, 2}, {127, 255}, {400, 255}})
+    for (const auto& [x, red] : {std::pair(-5, 0.0f), {1, 2.0f}, {400, 255.0f}})
     {
         slider.sendMessage(UIMouseMoveMessage(sPoint(x, 4)));
-        EXPECT_EQ(sColor(colors[0]).r, sColor(sColorF(sColor(static_cast<unsigned char>(red), 0, 0, 0))).r) << x;
+        EXPECT_EQ(colors[0].r, red / 255.0f) << x;
     }
     slider.sendMessage(UIMouseUpMessage(sPoint::Zero, 255));
     slider.sendMessage(UIMouseMoveMessage(sPoint::Zero));
@@ -123,17 +115,9 @@ TEST(UIControlArrayTest, ShowsEveryElementInAFrameThatHoldsThem)
     sSize sizes[ElementNum] = {};
     UIControlArray array(share(sizes), true);
     array.setSize({190, 0});
-    const UIForm& form = *static_cast<UIForm*>(*array.getChildrenBegin());
-    const UIBase& holder = **form.getChildrenBegin();
+    const UIBase& holder = **(*array.getChildrenBegin())->getChildrenBegin();
     ASSERT_EQ(holder.getChildCount(), ElementNum);
-    EXPECT_EQ(getChild(holder, 3).getIndex(), 3u);
     EXPECT_FALSE(getChild(holder, 3).isEnabled());
     EXPECT_EQ(getChild(holder, 3).getPosition(), sPoint(82, 62)) << "two in a row";
     EXPECT_EQ(array.getSize(), sSize(190, 122 + 24));
-
-    int number = 7;
-    const UIControlArray single(new ReferenceProperty<int>("Number", &number), false);
-    EXPECT_EQ((*(*single.getChildrenBegin())->getChildrenBegin())->getChildCount(), 1u);
-    ResourceBase* resource = nullptr;
-    EXPECT_DEATH(UIControlArray(new ResourceProperty("Resource", &resource), false), "Not support resource array.");
 }
