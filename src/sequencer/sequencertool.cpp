@@ -366,6 +366,7 @@ void SequencerTool::moveSequencer(Move move)
 {
     if (!mpSequencer)
         return;
+    commitEdit();
     const bool rebuilds = mpSequencer->isRebuildDue();
     UnkeyedValues values;
     if (rebuilds)
@@ -375,4 +376,6 @@ void SequencerTool::moveSequencer(Move move)
         return;
     values.restore(*mpSequencer);
     mControlFormStale = true;
+    if (!mUpdating)
+        refreshControlForm();
 }
