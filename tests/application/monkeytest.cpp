@@ -1,4 +1,5 @@
 #include "tests/support/monkey.h"
+#include "tests/support/monkeystage.h"
 
 #include <gtest/gtest.h>
 
@@ -12,14 +13,22 @@ constexpr unsigned int EventNum = 20000;
 #endif
 }
 
-TEST(MonkeyTest, TheGalleryStandsWhateverIsDoneToIt)
+// Once at every element by itself, and once at the program as it is used.
+class MonkeyTest : public testing::TestWithParam<const sMonkeyStage*>
+{
+};
+
+TEST_P(MonkeyTest, TheStageStandsWhateverIsDoneToIt)
 {
     HeadlessInterface interface(2);
-    Monkey monkey(interface, Monkey::GalleryStage, 1);
+    Monkey monkey(interface, *GetParam(), 1);
     EXPECT_TRUE(monkey.run(EventNum));
     monkey.print();
 
     for (const auto& [name, events] :
-         {std::pair("windows", 100), std::pair("menus", 200), std::pair("dialogs", 1000), std::pair("drags", 100)})
+         {std::pair("windows", 400), std::pair("menus", 400), std::pair("dialogs", 1000), std::pair("drags", 200)})
         EXPECT_GT(monkey.getTally().at(name), EventNum / events) << name;
 }
+
+INSTANTIATE_TEST_SUITE_P(Stages, MonkeyTest, testing::Values(&sMonkeyStage::Gallery, &sMonkeyStage::Program),
+                         [](const auto& info) { return std::string(info.param->name); });

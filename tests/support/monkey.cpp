@@ -1,7 +1,6 @@
 #include "tests/support/monkey.h"
 
-#include "application/exhibitwindow.h"
-#include "application/gallery.h"
+#include "tests/support/monkeystage.h"
 #include "ui/uidesktop.h"
 #include "ui/uimainmenu.h"
 #include "ui/uimenuchain.h"
@@ -60,16 +59,10 @@ const Monkey::sEventRow Monkey::EventTable[] = {
     {2, &Monkey::waitLong},
 };
 
-const sMonkeyStage Monkey::GalleryStage = {"gallery", Gallery::openAll,
-                                           [](unsigned int number)
-                                           {
-                                               const std::span<const sExhibit> exhibits = Gallery::getExhibits();
-                                               Gallery::open(exhibits[number % exhibits.size()]);
-                                           }};
-
 Monkey::Monkey(HeadlessInterface& interface, const sMonkeyStage& stage, unsigned int seed)
     : mInterface(interface), mSystem(*interface.mSystem), mRandom(seed), mStage(stage), mSeed(seed)
 {
+    mStage.prepare(mInterface.getRoot());
     mStage.openAll();
     runFrame();
 }

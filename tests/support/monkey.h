@@ -8,16 +8,7 @@
 #include <string>
 
 class UIWindow;
-
-// Where a monkey is let loose.
-struct sMonkeyStage
-{
-    const char* name;
-    void (*openAll)();
-
-    // Opens a window of those that there are, which the number decides.
-    void (*openOne)(unsigned int number);
-};
+struct sMonkeyStage;
 
 // Does to a stage what nobody would: moves, buttons, the wheel, keys, windows that come and go, in an order that a
 // seed decides. It has no aim but to get everywhere, and watches that the interface refers to nothing that is gone.
@@ -25,8 +16,6 @@ class Monkey
 {
 public:
     Monkey(HeadlessInterface& interface, const sMonkeyStage& stage, unsigned int seed);
-
-    static const sMonkeyStage GalleryStage;
 
     // False, and a line that says what and when, as soon as something refers to what is not there.
     [[nodiscard]] bool run(unsigned int eventNum);
