@@ -64,6 +64,14 @@ void UIControl::requireType(unsigned int types, const char* message) const
         dev_assert(message, __FILE__, __LINE__);
 }
 
+void UIControl::place(UIBase* child, const sPoint& position, const sSize& size)
+{
+    if (child->getPosition() != position)
+        child->setPosition(position);
+    if (child->getSize() != size)
+        child->setSize(size);
+}
+
 const char* UIControl::getLabel(char* buffer) const
 {
     const char* name = mpProperty ? mpProperty->getName() : nullptr;

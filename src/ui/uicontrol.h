@@ -37,6 +37,9 @@ protected:
     // Stops with `message` on a property whose type is not in the set of typeset.h.
     void requireType(unsigned int types, const char* message) const;
 
+    // Does nothing to a child that is there already, since most children are in most frames.
+    static void place(UIBase* child, const sPoint& position, const sSize& size);
+
     // getName() without an allocation. `buffer` has ValueTextSize characters; the result is null without a name.
     const char* getLabel(char* buffer) const;
 

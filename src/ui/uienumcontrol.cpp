@@ -38,7 +38,6 @@ UIEnumControl::UIEnumControl(PropertyBase* property, const sEnumInfo* table, uns
         mpPulldownButton->disable();
     mpPulldownList->hide();
     add(mpPulldownButton);
-    add(mpPulldownList);
 
     setMinimumSize({MinimumWidth, BoxHeight + (property->getName() ? NameHeight : 0)});
     setDefaultSize();
@@ -47,7 +46,11 @@ UIEnumControl::UIEnumControl(PropertyBase* property, const sEnumInfo* table, uns
     setSize({std::max(getSize().width, needed), getSize().height});
 }
 
-UIEnumControl::~UIEnumControl() = default;
+UIEnumControl::~UIEnumControl()
+{
+    if (!mpPulldownList->getParent())
+        delete mpPulldownList;
+}
 
 AutoString UIEnumControl::getItemName() const
 {
@@ -101,6 +104,8 @@ void UIEnumControl::notifyPulldown(UIButton*)
 {
     if (!isEnabled())
         return;
+    if (!mpPulldownList->getParent())
+        add(mpPulldownList);
     mpPulldownList->setPosition(sPoint(0, static_cast<int>(getSize().height)));
     mpPulldownList->setSize({getSize().width, mpPulldownList->getItemCount() * UIPulldownList::RowHeight | 2});
     mpPulldownList->setSelectItem(getRow());
@@ -112,6 +117,7 @@ void UIEnumControl::notifyPulldown(UIButton*)
 
 void UIEnumControl::notifySelect()
 {
+    mpPulldownList->remove();
     const unsigned int row = mpPulldownList->getSelectItem();
     if (row < mpPulldownList->getItemCount())
     {

@@ -55,6 +55,9 @@ private:
     sRect getBox() const;
 
     UIPulldownButton* mpPulldownButton;
+
+    // A child only while it is open: many closed ones would burden each frame, and the search for what the pointer
+    // hits.
     UIPulldownList* mpPulldownList;
     std::unique_ptr<unsigned int[]> mpValues;
     std::unique_ptr<FunctorIntermediate<unsigned int, void>> mpFunctor;

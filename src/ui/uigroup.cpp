@@ -18,7 +18,9 @@ constexpr sUIFlow GroupFlow{.top = TitleHeight, .gapBehindWrap = 0};
 void UIGroup::align(unsigned int width)
 {
     const sSize used = GroupFlow.layOut(*this, width);
-    setSize({std::max(used.width, width), used.height});
+    const sSize size{std::max(used.width, width), used.height};
+    if (size != getSize())
+        setSize(size);
 }
 
 void UIGroup::update(float deltaTime)

@@ -239,8 +239,13 @@ void UIPainter::drawString(const sRect& rect, const char* text, sColor color, eA
         dev_assert("Too long string.", __FILE__, __LINE__);
 
     const eSide side = getHorizontal(alignment);
-    char buffer[TextBufferSize] = {};
-    std::memcpy(buffer, text + getHidden(side, length, visible), visible);
+    char buffer[TextBufferSize];
+    if (visible < length)
+    {
+        std::memcpy(buffer, text + getHidden(side, length, visible), visible);
+        buffer[visible] = '\0';
+        text = buffer;
+    }
 
     const int extent = static_cast<int>(visible) * FontWidth;
     const sPoint position = mOrigin + sPoint(place(side, rect.left, rect.right, extent),
@@ -248,7 +253,7 @@ void UIPainter::drawString(const sRect& rect, const char* text, sColor color, eA
     sRect clip = rect + mOrigin;
     if (extent <= width)
     {
-        drawGlyphs(position, buffer, color, clip);
+        drawGlyphs(position, text, color, clip);
         return;
     }
     // ToolSystem clips whole characters only; the scissor cuts the one that is partly visible.
@@ -256,7 +261,7 @@ void UIPainter::drawString(const sRect& rect, const char* text, sColor color, eA
     mContext->setScissorRect(scissor & clip);
     clip.left = position.x;
     clip.right = position.x + extent;
-    drawGlyphs(position, buffer, color, clip);
+    drawGlyphs(position, text, color, clip);
     mContext->setScissorRect(scissor);
 }
 

@@ -58,8 +58,8 @@ void UIParameterControl::align()
 {
     const sSize& size = getSize();
     const unsigned int top = mLabelWidth ? 0 : NameHeight;
-    mpEditor->setPosition(sPoint(static_cast<int>(mLabelWidth), static_cast<int>(top)));
-    mpEditor->setSize({size.width - mLabelWidth, size.height - top});
+    place(mpEditor, sPoint(static_cast<int>(mLabelWidth), static_cast<int>(top)),
+          {size.width - mLabelWidth, size.height - top});
 }
 
 void UIParameterControl::eventPaint(UIPainter* painter)

@@ -203,9 +203,9 @@ TEST_F(UIControlTest, AnEnumWritesWhatIsChosenFromItsList)
     short value = 2;
     UIEnumControl* control =
         use(new UIEnumControl(bind(value), EnumTable, 3, false, Whole, &mParent, &EditCounter::notifyRow));
-    UIPulldownList* list = static_cast<UIPulldownList*>(*++control->getChildrenBegin());
     EXPECT_EQ(paint(), "Name Two") << "the list is hidden";
     press(control, Return);
+    UIPulldownList* list = static_cast<UIPulldownList*>(*++control->getChildrenBegin());
     EXPECT_EQ(std::tuple(list->getSelectItem(), list->getRelRegion()), std::tuple(1u, sRect(0, 32, 64, 82)));
     press(list, DownArrow);
     press(list, Return);
