@@ -258,7 +258,7 @@ TEST_F(UIControlTest, TheFactoryChoosesByKindLabelsAndType)
     };
     check(PropertyControl(bind(number)), {48, 32}, 1);
     check(PropertyControl(bind(number), MaskTable, 2), {64, 32}, 1);
-    check(PropertyControl(bind(number), EnumTable, 3), {64, 32}, 2);
+    check(PropertyControl(bind(number, nullptr), EnumTable, 3), {64, 16}, 1);
     check(PropertyControl(bind(flag)), {64, 16}, 0);
     check(PropertyControl(bind(point)), {80, 60}, 2);
     check(PropertyControl(bind(text)), {16, 16}, 0);
