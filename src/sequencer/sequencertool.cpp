@@ -221,7 +221,8 @@ void SequencerTool::eventCreate()
     if (!type->isDerivedFrom(Sequencer::getStaticTypeInfo()))
         dev_assert("TypeInfo is not derived from Sequencer.", __FILE__, __LINE__);
     mpSequencer = static_cast<Sequencer*>(type->newInstance());
-    mpSequencer->setResource(mpResource);
+    if (mpSequencer)
+        mpSequencer->setResource(mpResource);
     placeHeader();
     updateLayout();
 }
