@@ -89,15 +89,25 @@ TEST_F(ProgramTest, OpensTheFileThatItIsGiven)
     EXPECT_EQ(mErrors.find("eak"), std::string::npos) << mErrors;
 }
 
-TEST_F(ProgramTest, StartsWithADamagedStateAndPutsItAside)
+TEST_F(ProgramTest, StartsWhateverTheStateFileHoldsAndPutsADamagedOneAside)
 {
-    write("test.xml", "<TestApp <<");
-    EXPECT_EQ(run("--headless --frames 2 --root " + mRoot.getPath()), 0) << mErrors;
-    EXPECT_EQ(read("test.xml.bad"), "<TestApp <<");
-    EXPECT_NE(read("test.xml").find("<TestApp "), std::string::npos);
-
-    write("test.xml", "");
-    EXPECT_EQ(run("--headless --frames 2 --root " + mRoot.getPath()), 0) << "an empty file does no harm";
+    struct sState
+    {
+        const char* text;
+        bool damaged;
+    };
+    for (const sState& state : {sState{"", false},
+                                {"<Texture typeinfo=\"Texture\" />", false},
+                                {"<TestApp <<", true},
+                                {"<TestApp typeinfo=\"TestApp\" ><UISystem ", true},
+                                {"\177ELF", true}})
+    {
+        write("test.xml", state.text);
+        std::filesystem::remove(mRoot / "intermediate/test.xml.bad");
+        EXPECT_EQ(run("--headless --frames 2 --root " + mRoot.getPath()), 0) << mErrors;
+        EXPECT_EQ(read("test.xml.bad"), state.damaged ? state.text : "");
+        EXPECT_NE(read("test.xml").find("</TestApp>"), std::string::npos);
+    }
 }
 
 TEST_F(ProgramTest, EndsOnASignalWithItsStateSaved)
