@@ -100,7 +100,7 @@ TEST_F(ProgramTest, StartsWhateverTheStateFileHoldsAndPutsADamagedOneAside)
                                 {"<Texture typeinfo=\"Texture\" />", false},
                                 {"<TestApp <<", true},
                                 {"<TestApp typeinfo=\"TestApp\" ><UISystem ", true},
-                                {"\177ELF", true}})
+                                {"\177ELF", false}})
     {
         write("test.xml", state.text);
         std::filesystem::remove(mRoot / "intermediate/test.xml.bad");
