@@ -213,9 +213,10 @@ TEST_F(UIPickDialogTest, PicksAClassOrAControl)
     mRead = [&]
     {
         EXPECT_STREQ(controls->getSelectedControlName(), "Play");
+        EXPECT_EQ(controls->getSelectedControlType(), 1u);
     };
     decide(0);
-    EXPECT_TRUE(mAnswer == UIDialog::Ok && controls->getSelectedControlType() == 1);
+    EXPECT_EQ(mAnswer, UIDialog::Ok);
     open<UIControlDialog>(static_cast<ObjectBase*>(nullptr));
     decide(0);
     EXPECT_EQ(mAnswer, NoAnswer);
