@@ -5,14 +5,25 @@
 #include "render/renderdevice.h"
 
 #include <algorithm>
+#include <cstring>
+#include <new>
+#include <numeric>
 
 namespace
 {
 constexpr unsigned int MaximumVertexNum = RenderDevice::MaximumQuadNum * QuadWriter::VertexNum;
 
+constexpr unsigned int StrideMultiple = std::lcm(sizeof(sPlainDeviceVertex), sizeof(sTexturedDeviceVertex));
+
 // Room for the commands of a run, and for the way to the next multiple of a vertex.
 constexpr unsigned int CommandSize = 2 * sizeof(sDrawCommand);
 constexpr unsigned int RunSize = CommandSize + alignof(sDrawCommand) + sizeof(sTexturedDeviceVertex);
+
+// What stays where it is takes more of the memory than that, or is moved.
+constexpr unsigned int KeptShare = 8;
+
+// No primitive has fewer vertices.
+constexpr unsigned int SmallestPrimitive = 2;
 
 unsigned int alignUp(unsigned int offset, unsigned int step)
 {
@@ -30,6 +41,11 @@ unsigned int getPrimitiveSize(const sDrawState& state)
     case ePrimitiveType::Quads: return 4;
     }
     return 0;
+}
+
+unsigned int getVertexSize(const sDrawCommand& command)
+{
+    return command.state.vertexNum * getDeviceStride(command.state.getVertexDecl());
 }
 
 bool isOpaque(const sDrawCommand& command)
@@ -109,6 +125,8 @@ const sCommand* const* CommandJoin::join(const sCommand* const* commands, const 
     mInWindow = true;
     mRun = {};
     mListNum = 0;
+    mKeptSize = 0;
+    const unsigned int tail = alignUp(memory.used, StrideMultiple);
     for (; (*commands)->kind != eCommand::End; ++commands)
     {
         if ((*commands)->kind == eCommand::Draw)
@@ -117,6 +135,7 @@ const sCommand* const* CommandJoin::join(const sCommand* const* commands, const 
             addClear(static_cast<const sClearCommand&>(**commands));
     }
     finishRun();
+    gatherKept(tail);
     append(*commands);
     return mList.data();
 }
@@ -130,7 +149,7 @@ void CommandJoin::addDraw(const sDrawCommand& command)
         return;
     }
     finishRun();
-    append(&command);
+    keep(command);
 }
 
 // The device clears inside the scissor that the last draw has left, so that what was joined leaves it as well.
@@ -143,6 +162,7 @@ void CommandJoin::addClear(const sClearCommand& command)
         sDrawCommand* silent = run.command + 1;
         *silent = *run.last;
         silent->state.vertexNum = 0;
+        silent->vertices = run.vertices;
         append(silent);
         --mSavedNum;
     }
@@ -154,9 +174,7 @@ void CommandJoin::addClear(const sClearCommand& command)
 bool CommandJoin::isJoinable(const sDrawCommand& command) const
 {
     const sDrawState& state = command.state;
-    if (command.target || !mInWindow || getPrimitiveSize(state) == 0)
-        return false;
-    if (!isUnscaled(command) || (command.viewport & mWindow) != command.viewport)
+    if (command.target || !mInWindow || getPrimitiveSize(state) == 0 || !isInPlace(command))
         return false;
     if (state.getVertexDecl() == eVertexDecl::Plain)
         return state.getBlendMode() == eBlendMode::Alpha ||
@@ -166,16 +184,25 @@ bool CommandJoin::isJoinable(const sDrawCommand& command) const
            state.getCombineMode() == eTextureCombineMode::Modulate;
 }
 
+bool CommandJoin::isInPlace(const sDrawCommand& command) const
+{
+    return isInRun(command) || (isUnscaled(command) && (command.viewport & mWindow) == command.viewport);
+}
+
+bool CommandJoin::isInRun(const sDrawCommand& command) const
+{
+    return mRun.command && mRun.command->viewport == command.viewport && mRun.command->projection == command.projection;
+}
+
 // Sees to a run that can take the command as a whole.
 bool CommandJoin::makeRoom(const sDrawCommand& command)
 {
-    const unsigned int vertexNum = command.state.vertexNum / getPrimitiveSize(command.state) * QuadWriter::VertexNum;
+    const unsigned int vertexNum = command.state.vertexNum / SmallestPrimitive * QuadWriter::VertexNum;
     const unsigned int size = vertexNum * static_cast<unsigned int>(sizeof(sTexturedDeviceVertex));
     if (vertexNum > MaximumVertexNum)
         return false;
 
-    const bool open = mRun.command && mRun.command->viewport == command.viewport &&
-                      mRun.command->projection == command.projection &&
+    const bool open = isInRun(command) &&
                       static_cast<unsigned int>(mRun.end - mRun.vertices) + vertexNum <= MaximumVertexNum;
     if (!open)
         finishRun();
@@ -221,8 +248,44 @@ void CommandJoin::finishRun()
     else if (mRun.command)
         mpMemory->used = mRun.memoryUsed;
     if (mRun.drawNum == 1)
-        append(mRun.first);
+        keep(*mRun.first);
     mRun = {};
+}
+
+void CommandJoin::keep(const sDrawCommand& command)
+{
+    mKeptSize += getVertexSize(command) + static_cast<unsigned int>(sizeof(sDrawCommand)) + StrideMultiple;
+    append(&command);
+}
+
+// So that the library is not handed all of the frame's memory for the sake of a few draws.
+void CommandJoin::gatherKept(unsigned int tail)
+{
+    sCommandMemory& memory = *mpMemory;
+    if (mKeptSize > tail / KeptShare || mKeptSize > memory.capacity - memory.used)
+        return;
+    for (unsigned int i = 0; i < mListNum; ++i)
+    {
+        if (mList[i]->kind != eCommand::Draw)
+            continue;
+        const sDrawCommand& command = static_cast<const sDrawCommand&>(*mList[i]);
+        if (command.vertices < memory.begin + tail)
+            mList[i] = moveToEnd(command);
+    }
+    memory.first = tail;
+}
+
+const sDrawCommand* CommandJoin::moveToEnd(const sDrawCommand& command)
+{
+    sCommandMemory& memory = *mpMemory;
+    const unsigned int place = alignUp(memory.used, alignof(sDrawCommand));
+    const unsigned int vertices = alignUp(place + static_cast<unsigned int>(sizeof(sDrawCommand)),
+                                          getDeviceStride(command.state.getVertexDecl()));
+    memory.used = vertices + getVertexSize(command);
+    std::memcpy(memory.begin + vertices, command.vertices, getVertexSize(command));
+    sDrawCommand* moved = new (memory.begin + place) sDrawCommand(command);
+    moved->vertices = memory.begin + vertices;
+    return moved;
 }
 
 // Leaves no trace of a command of which a part cannot be written.

@@ -11,12 +11,14 @@ struct sClearCommand;
 struct sCommand;
 struct sDrawCommand;
 
-// Where the commands and vertices of a frame lie; behind what is used there is room up to the capacity.
+// Where the commands and vertices of a frame lie; behind what is used there is room up to the capacity. No draw has
+// vertices before the first place, which is a multiple of every stride.
 struct sCommandMemory
 {
     unsigned char* begin;
     unsigned int used;
     unsigned int capacity;
+    unsigned int first = 0;
 };
 
 // Draws neighbours of the sorted list at once, to the same picture. An interface makes several commands an element,
@@ -35,8 +37,9 @@ public:
     void setEnable(bool enable) { mEnable = enable; }
 
     // The list to replay in place of `commands`, which is left alone; it holds until the next call. What it needs
-    // goes into the room of `memory`, whose used part grows; where there is none, commands stay as they are. Nothing
-    // is allocated.
+    // goes into the room of `memory`, whose used part grows; where there is none, commands stay as they are. If few
+    // vertices are left that are not joined, they follow there, so that the library needs only what is new. Nothing is
+    // allocated.
     const sCommand* const* join(const sCommand* const* commands, const sRect& window, sCommandMemory& memory);
 
     // How many draws less the last list has than the one it stands for.
@@ -59,9 +62,14 @@ private:
     void addDraw(const sDrawCommand& command);
     void addClear(const sClearCommand& command);
     bool isJoinable(const sDrawCommand& command) const;
+    bool isInPlace(const sDrawCommand& command) const;
+    bool isInRun(const sDrawCommand& command) const;
     bool makeRoom(const sDrawCommand& command);
     void startRun(const sDrawCommand& command);
     void finishRun();
+    void keep(const sDrawCommand& command);
+    void gatherKept(unsigned int tail);
+    const sDrawCommand* moveToEnd(const sDrawCommand& command);
     void append(const sCommand* command) { mList[mListNum++] = command; }
     bool write(const sDrawCommand& command);
 
@@ -71,6 +79,9 @@ private:
     std::vector<const sCommand*> mList;
     unsigned int mListNum = 0;
     unsigned int mSavedNum = 0;
+
+    // What the draws that stay as they are take.
+    unsigned int mKeptSize = 0;
 
     // Of the frame at work: the window, the memory, and whether rectangles are placed by the window.
     sRect mWindow = sRect::Zero;

@@ -1,7 +1,6 @@
 #include "render/quadwriter.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace
 {
@@ -22,9 +21,16 @@ bool isEmpty(const sBox& box)
     return !(box.left < box.right && box.top < box.bottom);
 }
 
+sBox getCommon(const sBox& a, const sBox& b)
+{
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
+// What does not fit an integer counts as broken.
 bool isWhole(float coordinate)
 {
-    return std::floor(coordinate) == coordinate;
+    return static_cast<float>(_mm_cvttss_si32(_mm_set_ss(coordinate))) == coordinate;
 }
 
 bool isUpright(const sTexturedDeviceVertex* corner, const sBox& bounds)
@@ -61,11 +67,6 @@ void getExtent(float first, float last, float& begin, float& end)
 }
 }
 
-QuadWriter::QuadWriter(sTexturedDeviceVertex* destination, const sBox& box, const sTexcoord& solid)
-    : mpEnd(destination), mBox(box), mSolidS(static_cast<short>(solid.x)), mSolidT(static_cast<short>(solid.y))
-{
-}
-
 bool QuadWriter::writeLine(const sPlainDeviceVertex* vertices)
 {
     const sPlainDeviceVertex& first = vertices[0];
@@ -81,34 +82,26 @@ bool QuadWriter::writeLine(const sPlainDeviceVertex* vertices)
         getExtent(first.x, last.x, line.left, line.right);
     else
         getExtent(first.y, last.y, line.top, line.bottom);
-    const float z = first.z;
-    const sPlainDeviceVertex quad[VertexNum] = {{line.left, line.top, z, first.color},
-                                                {line.right, line.top, z, first.color},
-                                                {line.left, line.bottom, z, first.color},
-                                                {line.right, line.bottom, z, first.color}};
-    return writeQuad(quad);
-}
-
-sTexturedDeviceVertex QuadWriter::convert(const sPlainDeviceVertex& vertex) const
-{
-    return {vertex.x, vertex.y, vertex.z, vertex.color, mSolidS, mSolidT};
-}
-
-bool QuadWriter::finish(float texelsPerPixel)
-{
-    const sBox bounds = getBounds(mpEnd);
-    const sBox visible = {std::max(bounds.left, mBox.left), std::max(bounds.top, mBox.top),
-                          std::min(bounds.right, mBox.right), std::min(bounds.bottom, mBox.bottom)};
+    const sBox visible = getCommon(line, mBox);
     if (isEmpty(visible))
         return true;
-    const bool inside = visible.left == bounds.left && visible.top == bounds.top && visible.right == bounds.right &&
-                        visible.bottom == bounds.bottom;
-    if (!inside)
-    {
-        if (!isCuttable(bounds, texelsPerPixel))
-            return false;
-        cut(bounds, visible, texelsPerPixel);
-    }
+    for (const sPlainDeviceVertex& corner : {sPlainDeviceVertex{visible.left, visible.top, first.z, first.color},
+                                             {visible.right, visible.top, first.z, first.color},
+                                             {visible.left, visible.bottom, first.z, first.color},
+                                             {visible.right, visible.bottom, first.z, first.color}})
+        *mpEnd++ = convert(corner);
+    return true;
+}
+
+bool QuadWriter::finishCut(float texelsPerPixel)
+{
+    const sBox bounds = getBounds(mpEnd);
+    const sBox visible = getCommon(bounds, mBox);
+    if (isEmpty(visible))
+        return true;
+    if (!isCuttable(bounds, texelsPerPixel))
+        return false;
+    cut(bounds, visible, texelsPerPixel);
     mpEnd += VertexNum;
     return true;
 }

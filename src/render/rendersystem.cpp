@@ -187,8 +187,9 @@ void RenderSystem::replay()
     sCommandMemory memory = {static_cast<unsigned char*>(mCommandBuffer.getHeap()), mCommandBuffer.getUsedSize(),
                              mCommandBuffer.getHeapSize()};
     const sCommand* const* commands = mJoin.join(mpSortedCommand, mWindowRect, memory);
-    mpDevice->beginScene(mWindowRect, memory.begin, memory.used);
-    mDrawCommandNum = Replay(*mpDevice, mWindowRect, memory.begin).execute(commands) + mJoin.getSavedNum();
+    const unsigned char* vertices = memory.begin + memory.first;
+    mpDevice->beginScene(mWindowRect, vertices, memory.used - memory.first);
+    mDrawCommandNum = Replay(*mpDevice, mWindowRect, vertices).execute(commands) + mJoin.getSavedNum();
     mpDevice->endScene();
 }
 
