@@ -202,8 +202,8 @@ bool CommandJoin::makeRoom(const sDrawCommand& command)
     if (vertexNum > MaximumVertexNum)
         return false;
 
-    const bool open = isInRun(command) &&
-                      static_cast<unsigned int>(mRun.end - mRun.vertices) + vertexNum <= MaximumVertexNum;
+    const bool open =
+        isInRun(command) && static_cast<unsigned int>(mRun.end - mRun.vertices) + vertexNum <= MaximumVertexNum;
     if (!open)
         finishRun();
     if (mpMemory->capacity - mpMemory->used < size + (open ? 0 : RunSize))

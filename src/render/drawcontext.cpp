@@ -4,9 +4,9 @@
 #include "render/command.h"
 #include "render/rendersystem.h"
 #include "render/texture.h"
-#include "render/vertex.h"
 
 #include <algorithm>
+#include <cstring>
 #include <type_traits>
 
 #include <emmintrin.h>
@@ -39,16 +39,6 @@ constexpr DrawContext::Context NoState = {
     sRect(0, 0, 0, 0),
 };
 
-unsigned int getSourceStride(eVertexDecl declaration)
-{
-    switch (declaration)
-    {
-    case eVertexDecl::Plain: return sizeof(sPlainVertex);
-    case eVertexDecl::Textured: return sizeof(sTexturedVertex);
-    }
-    return 0;
-}
-
 // A vertex at a time in one register: both kinds of source begin with x, y and colour, and so do both kinds of what
 // the library receives. The load of a plain one reaches over its end, and not over that of the heap.
 template <typename Destination, typename Source>
@@ -59,15 +49,14 @@ void formatVertices(Destination* destination, const Source* source, unsigned int
     for (unsigned int i = 0; i < count; ++i)
     {
         const __m128i words = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i));
-        const __m128 position = _mm_add_ps(_mm_mul_ps(_mm_cvtepi32_ps(words), scale), moved);
+        __m128 position = _mm_mul_ps(_mm_cvtepi32_ps(words), scale);
+        if constexpr (std::is_same_v<Source, sPlainVertex>)
+            position = _mm_add_ps(position, moved);
         const __m128i color = _mm_slli_epi64(_mm_unpackhi_epi64(words, words), 32);
         _mm_storeu_si128(reinterpret_cast<__m128i*>(destination + i),
                          _mm_unpacklo_epi64(_mm_castps_si128(position), color));
         if constexpr (std::is_same_v<Source, sTexturedVertex>)
-        {
-            destination[i].s = source[i].s;
-            destination[i].t = source[i].t;
-        }
+            std::memcpy(&destination[i].s, &source[i].s, sizeof(source[i].s) + sizeof(source[i].t));
     }
 }
 
@@ -124,25 +113,11 @@ void DrawContext::setRenderTarget(Texture* target)
         target->protect(mSystem.getBuildFrame());
 }
 
-void* DrawContext::allocateVertices(ePrimitiveType type, unsigned int count)
-{
-    const unsigned int size = count * getSourceStride(mCurrent.vertexDecl);
-    if (size == 0)
-        dev_assert("Undefined vertex declaration.", __FILE__, __LINE__);
-
-    change(mCurrent.primitiveType, type);
-    if (mDirty || mVertexFree < size)
-        startBatch(size);
-    void* vertices = mpVertexWrite;
-    mpVertexWrite += size;
-    mVertexFree -= size;
-    mVertexNum += count;
-    return vertices;
-}
-
 // Takes the heap as a whole, so that vertices need no more than a sum. What does not fit trips the allocator.
 void DrawContext::startBatch(unsigned int size)
 {
+    if (size == 0)
+        dev_assert("Undefined vertex declaration.", __FILE__, __LINE__);
     flushVertices();
     mVertexFree = std::max(size, VertexHeapSize);
     mpVertexWrite = static_cast<unsigned char*>(mVertexAllocator.allocate(static_cast<int>(mVertexFree), 4));
@@ -160,7 +135,7 @@ void DrawContext::flushVertices()
 {
     if (mVertexNum)
     {
-        sDrawCommand* command = static_cast<sDrawCommand*>(allocateCommandBuffer(sizeof(sDrawCommand)));
+        sDrawCommand* command = allocateDrawCommand(getDeviceStride(mFlushed.vertexDecl), mVertexNum);
         command->kind = eCommand::Draw;
         command->key = mFlushed.key;
         command->state = {static_cast<unsigned int>(mFlushed.blendMode),
@@ -170,7 +145,6 @@ void DrawContext::flushVertices()
                           static_cast<unsigned int>(mFlushed.vertexDecl),
                           mVertexNum,
                           0};
-        command->vertices = allocateVertexMemory(getDeviceStride(mFlushed.vertexDecl), mVertexNum);
         command->texture = mFlushed.texture;
         command->target = mFlushed.renderTarget;
         command->viewport = mFlushed.viewport;
@@ -193,6 +167,8 @@ void DrawContext::init()
 {
     mVertexAllocator.clear();
     mEntryAllocator.clear();
+    mpEntry = static_cast<sCommand**>(mEntryAllocator.allocate(EntryHeapSize, 8));
+    mEntryNum = 0;
 
     // The first block is taken on first use: the system clears its command memory only after this.
     mpBlockBegin = nullptr;
@@ -235,31 +211,34 @@ void* DrawContext::allocateCommandBuffer(unsigned int size)
     return memory;
 }
 
-// A multiple of the stride behind the start of all command memory, so that the replay can draw by index.
-void* DrawContext::allocateVertexMemory(unsigned int stride, unsigned int count)
+// With its vertices a multiple of the stride behind the start of all command memory, so that the replay can draw by
+// index.
+sDrawCommand* DrawContext::allocateDrawCommand(unsigned int stride, unsigned int vertexNum)
 {
-    unsigned char* memory = static_cast<unsigned char*>(allocateCommandBuffer((count + 1) * stride));
+    constexpr unsigned int CommandSize = sizeof(sDrawCommand);
+    auto* memory = static_cast<unsigned char*>(allocateCommandBuffer(CommandSize + (vertexNum + 1) * stride));
     const auto offset =
-        static_cast<unsigned int>(memory - static_cast<const unsigned char*>(mSystem.getCommandMemory()));
+        static_cast<unsigned int>(memory + CommandSize - static_cast<const unsigned char*>(mSystem.getCommandMemory()));
     const unsigned int beyond = stride == sizeof(sPlainDeviceVertex) ? offset % sizeof(sPlainDeviceVertex)
                                                                      : offset % sizeof(sTexturedDeviceVertex);
-    return beyond ? memory + stride - beyond : memory;
+    auto* command = reinterpret_cast<sDrawCommand*>(memory);
+    command->vertices = memory + CommandSize + (beyond ? stride - beyond : 0);
+    return command;
 }
 
 void DrawContext::entryCommand(sCommand* command)
 {
-    if (EntryHeapSize - mEntryAllocator.getUsedSize() < sizeof(sCommand*))
+    if (mEntryNum == PendingEntryNum)
         flushCommand();
-    *static_cast<sCommand**>(mEntryAllocator.allocate(sizeof(sCommand*), 8)) = command;
+    mpEntry[mEntryNum++] = command;
 }
 
 void DrawContext::flushCommand()
 {
-    const unsigned int count = getPendingEntryNum();
-    if (count == 0)
+    if (mEntryNum == 0)
         return;
-    mSystem.entryCommand(static_cast<sCommand**>(mEntryAllocator.getHeap()), count);
-    mEntryAllocator.clear();
+    mSystem.entryCommand(mpEntry, mEntryNum);
+    mEntryNum = 0;
 }
 
 void DrawContext::formatVertex(void* destination, const void* source, unsigned int count, const Context& context)

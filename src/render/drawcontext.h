@@ -4,12 +4,14 @@
 #include "foundation/scolor.h"
 #include "foundation/srect.h"
 #include "render/drawstate.h"
+#include "render/vertex.h"
 
 #include <cstddef>
 
 class RenderSystem;
 class Texture;
 struct sCommand;
+struct sDrawCommand;
 
 // One recorder of drawing, owned by RenderSystem and used by one thread at a time. The caller sets state, asks for
 // vertices and writes them; runs of equal state become draw commands on their own.
@@ -72,7 +74,18 @@ public:
 
     // Memory for `count` vertices, sPlainVertex or sTexturedVertex by the declaration that is set, to be written
     // before the next call. At most 1365 plain or 1024 textured ones at once.
-    void* allocateVertices(ePrimitiveType type, unsigned int count);
+    void* allocateVertices(ePrimitiveType type, unsigned int count)
+    {
+        const unsigned int size = count * getSourceStride(mCurrent.vertexDecl);
+        change(mCurrent.primitiveType, type);
+        if (mDirty || size == 0 || mVertexFree < size)
+            startBatch(size);
+        void* vertices = mpVertexWrite;
+        mpVertexWrite += size;
+        mVertexFree -= size;
+        mVertexNum += count;
+        return vertices;
+    }
 
     // On purpose: enters the system at once, ahead of this context's earlier draws, and so precedes those of its key.
     void clear(const sRect& rect, sColor color);
@@ -83,10 +96,7 @@ public:
     const Context& getState() const { return mCurrent; }
 
     // Commands that the system does not know of yet.
-    unsigned int getPendingEntryNum() const
-    {
-        return mEntryAllocator.getUsedSize() / static_cast<unsigned int>(sizeof(sCommand*));
-    }
+    unsigned int getPendingEntryNum() const { return mEntryNum; }
 
     // Called by RenderSystem only: at the start of a frame, at each popContext(), and at the end of the recording.
     void init();
@@ -108,7 +118,7 @@ private:
     void startBatch(unsigned int size);
     void initCommandBuffer();
     void* allocateCommandBuffer(unsigned int size);
-    void* allocateVertexMemory(unsigned int stride, unsigned int count);
+    sDrawCommand* allocateDrawCommand(unsigned int stride, unsigned int vertexNum);
     void entryCommand(sCommand* command);
     void flushCommand();
     static void formatVertex(void* destination, const void* source, unsigned int count, const Context& context);
@@ -123,6 +133,8 @@ private:
     unsigned int mVertexFree = 0;
     unsigned int mVertexNum = 0;
     bool mDirty = true;
+    sCommand** mpEntry = nullptr;
+    unsigned int mEntryNum = 0;
     InstantAllocator mVertexAllocator;
     InstantAllocator mEntryAllocator;
 };

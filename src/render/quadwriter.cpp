@@ -23,8 +23,7 @@ bool isEmpty(const sBox& box)
 
 sBox getCommon(const sBox& a, const sBox& b)
 {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
 // What does not fit an integer counts as broken.

@@ -61,8 +61,8 @@ private:
     short mSolidT;
 };
 
-// Whether a quad has an area and nothing to be cut, as most have. Both kinds of vertices begin with x and y; what else a
-// register holds is not looked at.
+// Whether a quad has an area and nothing to be cut, as most have. Both kinds of vertices begin with x and y; what else
+// a register holds is not looked at.
 template <typename Vertex>
 bool QuadWriter::isInside(const Vertex* corner) const
 {

@@ -42,6 +42,17 @@ struct sTexturedDeviceVertex
 static_assert(sizeof(sPlainVertex) == 12 && sizeof(sTexturedVertex) == 16);
 static_assert(sizeof(sPlainDeviceVertex) == 16 && sizeof(sTexturedDeviceVertex) == 20);
 
+// 0 for what is no declaration.
+constexpr unsigned int getSourceStride(eVertexDecl declaration)
+{
+    switch (declaration)
+    {
+    case eVertexDecl::Plain: return sizeof(sPlainVertex);
+    case eVertexDecl::Textured: return sizeof(sTexturedVertex);
+    }
+    return 0;
+}
+
 constexpr unsigned int getDeviceStride(eVertexDecl declaration)
 {
     return declaration == eVertexDecl::Plain ? sizeof(sPlainDeviceVertex) : sizeof(sTexturedDeviceVertex);

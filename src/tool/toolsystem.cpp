@@ -21,7 +21,13 @@ namespace
 {
 // Characters of one batch, chosen to stay well below the vertices that a context takes at once.
 constexpr unsigned int ChunkLength = 200;
-constexpr unsigned int CharactersPerRow = 16;
+
+// Texels as a vertex has them, in one word.
+constexpr unsigned int joinTexcoord(int s, int t)
+{
+    return static_cast<unsigned int>(static_cast<unsigned short>(s)) |
+           static_cast<unsigned int>(static_cast<unsigned short>(t)) << 16;
+}
 
 sVector toVector(const sPoint& point)
 {
@@ -41,9 +47,7 @@ void writeVertex(sTexturedVertex*& vertex, const sVector& position, sColor color
 {
     const auto low = static_cast<std::uint64_t>(static_cast<unsigned int>(position.x.getRaw())) |
                      static_cast<std::uint64_t>(static_cast<unsigned int>(position.y.getRaw())) << 32;
-    const auto texcoord = static_cast<unsigned int>(static_cast<unsigned short>(s)) |
-                          static_cast<unsigned int>(static_cast<unsigned short>(t)) << 16;
-    const auto high = std::bit_cast<unsigned int>(color) | static_cast<std::uint64_t>(texcoord) << 32;
+    const auto high = std::bit_cast<unsigned int>(color) | static_cast<std::uint64_t>(joinTexcoord(s, t)) << 32;
     const __m128i words = _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(vertex++), words);
 }
@@ -54,44 +58,89 @@ Vertex* allocateVertices(DrawContext* context, ePrimitiveType type, unsigned int
     return static_cast<Vertex*>(context->allocateVertices(type, count));
 }
 
-// The four corners of the cell of one character, moved along the line.
-struct sCell
-{
-    sCell(const sPoint& position, unsigned int size)
-        : topLeft(toVector(position)),
-          topRight(topLeft + sVector(static_cast<int>(size), 0)),
-          bottomLeft(topLeft + sVector(0, static_cast<int>(size * 2))),
-          bottomRight(topLeft + sVector(static_cast<int>(size), static_cast<int>(size * 2)))
-    {
-    }
-
-    void advance(unsigned int size)
-    {
-        const sFixed step(static_cast<int>(size), 16);
-        for (sVector* corner : {&topLeft, &topRight, &bottomLeft, &bottomRight})
-            corner->x += step;
-    }
-
-    sVector topLeft;
-    sVector topRight;
-    sVector bottomLeft;
-    sVector bottomRight;
-};
-
+// Where the picture of each character stands in the font texture, in words as a vertex has them.
 // On purpose: the code counts as a signed byte, so that what the font does not hold, control characters and bytes
 // from 0x80 on, lies outside its rows and shows as a blank.
-void writeCharacter(sTexturedVertex*& vertex, const sCell& cell, char character, sColor color)
+constexpr std::array<unsigned int, 256> CharacterTexels = []
 {
-    constexpr int Width = ToolSystem::FontWidth;
-    constexpr int Height = ToolSystem::FontHeight;
-    const int code = static_cast<signed char>(character - ' ');
-    const int s = code % static_cast<int>(CharactersPerRow) * Width;
-    const int t = code / static_cast<int>(CharactersPerRow) * Height;
-    writeVertex(vertex, cell.topLeft, color, s, t);
-    writeVertex(vertex, cell.topRight, color, s + Width, t);
-    writeVertex(vertex, cell.bottomLeft, color, s, t + Height);
-    writeVertex(vertex, cell.bottomRight, color, s + Width, t + Height);
-}
+    constexpr int CharactersPerRow = 16;
+    std::array<unsigned int, 256> texels = {};
+    for (unsigned int i = 0; i < texels.size(); ++i)
+    {
+        const int code = static_cast<signed char>(i - ' ');
+        const int s = code % CharactersPerRow * static_cast<int>(ToolSystem::FontWidth);
+        const int t = code / CharactersPerRow * static_cast<int>(ToolSystem::FontHeight);
+        texels[i] = joinTexcoord(s, t);
+    }
+    return texels;
+}();
+
+// The cell of one character, moved along the line. Each register holds the x and y of both ends of an edge.
+class Cell
+{
+public:
+    Cell(const sPoint& position, unsigned int size, sColor color)
+    {
+        const sVector leftTop = toVector(position);
+        const sVector rightBottom = leftTop + sVector(static_cast<int>(size), static_cast<int>(size * 2));
+        mTop = join(leftTop.x, leftTop.y, rightBottom.x, leftTop.y);
+        mBottom = join(leftTop.x, rightBottom.y, rightBottom.x, rightBottom.y);
+        mRight = rightBottom.x;
+        mWidth = sFixed(static_cast<int>(size), 16);
+        mStep = join(mWidth, sFixed::Zero, mWidth, sFixed::Zero);
+        mColor = _mm_set1_epi32(std::bit_cast<int>(color));
+    }
+
+    bool endsInside(const sRect& clip) const { return static_cast<int>(mRight) <= clip.right; }
+
+    void advance()
+    {
+        mTop = _mm_add_epi32(mTop, mStep);
+        mBottom = _mm_add_epi32(mBottom, mStep);
+        mRight += mWidth;
+    }
+
+    sTexturedVertex* write(sTexturedVertex* vertex, char character) const
+    {
+        constexpr int Width = ToolSystem::FontWidth;
+        constexpr int Height = ToolSystem::FontHeight;
+        const __m128i corners = _mm_setr_epi16(0, 0, Width, 0, 0, Height, Width, Height);
+        const int texel = static_cast<int>(CharacterTexels[static_cast<unsigned char>(character)]);
+        const __m128i texels = _mm_add_epi16(_mm_set1_epi32(texel), corners);
+        const __m128i top = _mm_unpacklo_epi32(mColor, texels);
+        const __m128i bottom = _mm_unpackhi_epi32(mColor, texels);
+        store(vertex, _mm_unpacklo_epi64(mTop, top));
+        store(vertex + 1, _mm_unpackhi_epi64(mTop, top));
+        store(vertex + 2, _mm_unpacklo_epi64(mBottom, bottom));
+        store(vertex + 3, _mm_unpackhi_epi64(mBottom, bottom));
+        return vertex + 4;
+    }
+
+    // A corner without an area.
+    sTexturedVertex* writePoint(sTexturedVertex* vertex) const
+    {
+        store(vertex, _mm_unpacklo_epi64(mTop, _mm_unpacklo_epi32(mColor, _mm_setzero_si128())));
+        return vertex + 1;
+    }
+
+private:
+    static __m128i join(sFixed x0, sFixed y0, sFixed x1, sFixed y1)
+    {
+        return _mm_setr_epi32(x0.getRaw(), y0.getRaw(), x1.getRaw(), y1.getRaw());
+    }
+
+    static void store(sTexturedVertex* vertex, __m128i words)
+    {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(vertex), words);
+    }
+
+    __m128i mTop;
+    __m128i mBottom;
+    __m128i mStep;
+    __m128i mColor;
+    sFixed mRight;
+    sFixed mWidth;
+};
 
 // Whether the first cell lies inside the clip; in 64 bits, since positions may be anything.
 bool isInside(const sPoint& position, unsigned int size, const sRect& clip)
@@ -187,21 +236,17 @@ void ToolSystem::drawString(DrawContext* context, const sPoint& position, const 
 {
     if (!isInside(position, size, clip))
         return;
-    const auto fits = [&clip](const sCell& cell)
-    {
-        return static_cast<int>(cell.topRight.x) <= clip.right;
-    };
     std::size_t rest = std::strlen(text);
-    for (sCell cell(position, size); rest && fits(cell);)
+    for (Cell cell(position, size, color); rest && cell.endsInside(clip);)
     {
         const unsigned int length = static_cast<unsigned int>(std::min<std::size_t>(rest, ChunkLength));
         auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Quads, length * 4);
         const sTexturedVertex* end = vertex + length * 4;
-        for (unsigned int i = 0; i < length && fits(cell); ++i, cell.advance(size))
-            writeCharacter(vertex, cell, text[i], color);
+        for (unsigned int i = 0; i < length && cell.endsInside(clip); ++i, cell.advance())
+            vertex = cell.write(vertex, text[i]);
         // Characters behind the clip are part of the batch all the same; without an area they do not show.
         while (vertex != end)
-            writeVertex(vertex, cell.topLeft, color, 0, 0);
+            vertex = cell.writePoint(vertex);
         text += length;
         rest -= length;
     }

@@ -286,10 +286,16 @@ void UIPainter::beginTextured()
 // Four lines, each one pixel wide, in the order top, left, bottom, right.
 void UIPainter::drawBevel(const sRect& rect, sColor topLeft, sColor bottomRight)
 {
-    drawLine({rect.left, rect.top}, {rect.right, rect.top}, topLeft);
-    drawLine({rect.left, rect.top}, {rect.left, rect.bottom}, topLeft);
-    drawLine({rect.left, rect.bottom - 1}, {rect.right, rect.bottom - 1}, bottomRight);
-    drawLine({rect.right - 1, rect.top}, {rect.right - 1, rect.bottom}, bottomRight);
+    const sRect box = rect + mOrigin;
+    const auto draw = [this](const sPoint& a, const sPoint& b, sColor color)
+    {
+        ToolSystem::drawLine(mContext, a, b, color, color);
+    };
+    beginPlain();
+    draw({box.left, box.top}, {box.right, box.top}, topLeft);
+    draw({box.left, box.top}, {box.left, box.bottom}, topLeft);
+    draw({box.left, box.bottom - 1}, {box.right, box.bottom - 1}, bottomRight);
+    draw({box.right - 1, box.top}, {box.right - 1, box.bottom}, bottomRight);
 }
 
 // Texture and filtering are not put back: textured primitives set their own each time.
