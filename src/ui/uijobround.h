@@ -2,36 +2,47 @@
 
 #include "foundation/jobsystem.h"
 
-// Runs any number of jobs in rounds of at most as many as there are threads, which is what JobSystem asks for. A round
-// takes the memory of its jobs with it, so each job is made when it is to be added and not earlier.
+class UIBase;
+
+// Works through any number of roots on the threads of the JobSystem. A round has one job for each thread, which is as
+// many as JobSystem takes, and each job goes on with the next root until there are none: that balances roots of unequal
+// size, and a thread that comes late holds nobody up.
 class UIJobRound
 {
 public:
-    explicit UIJobRound(JobSystem& jobSystem) : mJobSystem(jobSystem) {}
+    // What the roots of one round may number.
+    static constexpr unsigned int MaximumRootNum = 64;
+
+    struct sRoot
+    {
+        UIBase* element;
+        unsigned int level;
+    };
+
+    // The work on one root. `uniqueData` is that of the thread.
+    using Work = void (*)(const sRoot& root, void* uniqueData);
+
+    UIJobRound(JobSystem& jobSystem, Work work) : mJobSystem(jobSystem), mWork(work) {}
     ~UIJobRound() { execute(); }
 
     UIJobRound(const UIJobRound&) = delete;
     UIJobRound& operator=(const UIJobRound&) = delete;
 
-    // Takes the job; all jobs so far are done if it completes the round.
-    void add(JobSystem::JobBase* job)
-    {
-        mJobSystem.addJob(job);
-        if (++mSize == mJobSystem.getJobThreadNum())
-            execute();
-    }
+    // All roots so far are done if this one begins a new round.
+    void add(const sRoot& root);
 
-    // Runs a round that is not complete.
-    void execute()
-    {
-        mJobSystem.executeJob();
-        mSize = 0;
-    }
+    // Returns when all roots so far are done.
+    void execute();
 
-    // The jobs that wait for their round.
+    // The roots that wait for their round.
     unsigned int size() const { return mSize; }
 
 private:
+    class RoundJob;
+
     JobSystem& mJobSystem;
+    Work mWork;
+    sRoot mRoots[MaximumRootNum];
     unsigned int mSize = 0;
+    Atomic mNext;
 };

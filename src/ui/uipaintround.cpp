@@ -7,26 +7,16 @@
 
 namespace
 {
-class DrawJob : public JobSystem::JobBase
+// The data of a thread is its draw context.
+void paintRoot(const UIJobRound::sRoot& root, void* context)
 {
-public:
-    DrawJob(UIBase* root, unsigned int level) : mpRoot(root), mLevel(level) {}
-
-    // The data of a thread is its draw context.
-    void execute(void* context) override
-    {
-        UIPainter painter(static_cast<DrawContext*>(context), mLevel);
-        mpRoot->sendMessage(UIPaintMessage(&painter));
-    }
-
-private:
-    UIBase* mpRoot;
-    unsigned int mLevel;
-};
+    UIPainter painter(static_cast<DrawContext*>(context), root.level);
+    root.element->sendMessage(UIPaintMessage(&painter));
+}
 }
 
 UIPaintRound::UIPaintRound(JobSystem& jobSystem, RenderSystem& renderSystem)
-    : mRenderSystem(renderSystem), mContextNum(jobSystem.getJobThreadNum()), mJobs(jobSystem)
+    : mRenderSystem(renderSystem), mContextNum(jobSystem.getJobThreadNum()), mJobs(jobSystem, &paintRoot)
 {
     for (unsigned int i = 0; i < mContextNum; ++i)
     {
@@ -46,12 +36,12 @@ bool UIPaintRound::paint(UIBase* root, unsigned int level)
 {
     if (!hasRoom())
         return false;
-    mJobs.add(new DrawJob(root, level));
+    mJobs.add({root, level});
     return true;
 }
 
-// Each root may take an eighth of the frame's memory. The jobs of a round draw at the same time, so each of them counts
-// as if it took all of that; what they have really taken is known when they are done.
+// Each root may take an eighth of the frame's memory. What those of a round have really taken is known when they are
+// done, so until then each of them counts as if it took all of that.
 bool UIPaintRound::hasRoom()
 {
     if (mJobs.size() < mRenderSystem.getFreeEighths())

@@ -6,8 +6,8 @@ class DrawContext;
 class RenderSystem;
 class UIBase;
 
-// Paints the roots of a frame, each in a job, with a draw context for each job thread. The order of the jobs shows
-// nowhere: the level of a root tells how high it lies.
+// Paints the roots of a frame with a draw context for each job thread. Their order shows nowhere: the level of a root
+// tells how high it lies.
 class UIPaintRound
 {
 public:

@@ -60,6 +60,19 @@ void send(UIBase* target, const UIMessage& message)
     if (target)
         target->sendMessage(message);
 }
+
+void updateRoot(UIBase* root)
+{
+    const sRect view = UISystem::getUIViewRect();
+    root->update(Application::getInstance()->getDeltaTime());
+    root->updateRegion(view, view);
+}
+
+void updateWindow(const UIJobRound::sRoot& window, void*)
+{
+    window.element->sendMessage(UITimerMessage(Application::getInstance()->getDeltaTime()));
+    updateRoot(window.element);
+}
 }
 
 UISystem::UISystem() : Singleton("UISystem already instanced.")
@@ -353,25 +366,12 @@ void UISystem::updateElements()
     if (mMainMenu)
         updateRoot(mMainMenu);
     {
-        UIJobRound round(*JobSystem::getInstance());
+        UIJobRound round(*JobSystem::getInstance(), &updateWindow);
         for (ObjectBase* window : getWindowList())
-            round.add(new JobSystem::Job<UISystem>(this, &UISystem::updateJob, static_cast<UIWindow*>(window)));
+            round.add({static_cast<UIWindow*>(window), 0});
     }
     for (UIMenu* menu : UIMenuChain(mMenu))
         updateRoot(menu);
-}
-
-void UISystem::updateRoot(UIBase* root)
-{
-    root->update(Application::getInstance()->getDeltaTime());
-    root->updateRegion(getUIViewRect(), getUIViewRect());
-}
-
-void UISystem::updateJob(void* window)
-{
-    UIWindow* root = static_cast<UIWindow*>(window);
-    root->sendMessage(UITimerMessage(Application::getInstance()->getDeltaTime()));
-    updateRoot(root);
 }
 
 // On purpose: without a target, what the keys were last stays.

@@ -105,8 +105,6 @@ private:
     void updateCapture(const sPoint& position);
     void updatePointer(const sPoint& position);
     void updateElements();
-    void updateRoot(UIBase* root);
-    void updateJob(void* window);
 
     void handleKeyEvent(UIBase* target);
     void callShortcut(UIWindow* window);
