@@ -30,41 +30,37 @@ public:
     // The offset of what is handed out, or -1.
     std::int64_t allocate(std::int64_t size, std::int64_t alignment)
     {
+        const bool fromStart = size > Threshold;
         const std::int64_t rounded = size == 0 ? 32 : (std::abs(size) + 31) / 32 * 32;
-        if (size > Threshold)
+        std::int64_t found = -1;
+        auto place = mFree.end();
+        for (auto block = mFree.begin(); block != mFree.end() && (found < 0 || !fromStart); ++block)
         {
-            for (auto block = mFree.begin(); block != mFree.end(); ++block)
-            {
-                const std::int64_t start =
-                    (mBase + block->first + HeaderSize + alignment - 1) / alignment * alignment - mBase;
-                if (block->second - start >= rounded)
-                    return take(block, block->first, start, start + rounded);
-            }
-            return -1;
+            const std::int64_t wanted = fromStart ? block->first + HeaderSize + alignment - 1 : block->second - rounded;
+            const std::int64_t start = (mBase + wanted) / alignment * alignment - mBase;
+            if (start < block->first + HeaderSize || start + rounded > block->second)
+                continue;
+            found = start;
+            place = block;
         }
-        for (auto block = mFree.rbegin(); block != mFree.rend(); ++block)
-        {
-            const std::int64_t start = (mBase + block->second - rounded) / alignment * alignment - mBase;
-            if (start >= block->first + HeaderSize)
-                return take(std::prev(block.base()), start - HeaderSize, start, block->second);
-        }
-        return -1;
+        if (found >= 0)
+            take(place, fromStart ? place->first : found - HeaderSize, found,
+                 fromStart ? found + rounded : place->second);
+        return found;
     }
 
     void deallocate(std::int64_t start)
     {
-        const auto [begin, end] = mUsed.at(start);
-        mUsed.erase(start);
-        auto block = mFree.emplace(begin, end).first;
-        if (auto next = std::next(block); next != mFree.end() && next->first == end)
+        mFree.insert(mUsed.extract(start).mapped());
+        for (auto block = mFree.begin(), next = std::next(block); next != mFree.end(); next = std::next(block))
         {
+            if (next->first != block->second)
+            {
+                block = next;
+                continue;
+            }
             block->second = next->second;
             mFree.erase(next);
-        }
-        if (block != mFree.begin() && std::prev(block)->second == begin)
-        {
-            std::prev(block)->second = block->second;
-            mFree.erase(block);
         }
     }
 
@@ -80,10 +76,9 @@ private:
     using Blocks = std::map<std::int64_t, std::int64_t>;
 
     // Cuts [begin, end) out of the free block; a rest below 64 bytes goes along.
-    std::int64_t take(Blocks::iterator block, std::int64_t begin, std::int64_t start, std::int64_t end)
+    void take(Blocks::iterator block, std::int64_t begin, std::int64_t start, std::int64_t end)
     {
-        const std::int64_t low = block->first;
-        const std::int64_t high = block->second;
+        const auto [low, high] = *block;
         begin = begin - low < 64 ? low : begin;
         end = high - end < 64 ? high : end;
         mFree.erase(block);
@@ -91,14 +86,13 @@ private:
             mFree[low] = begin;
         if (end < high)
             mFree[end] = high;
-        mUsed[start] = {begin, end};
-        return start;
+        mUsed.emplace(start, Blocks::value_type(begin, end));
     }
 
     std::intptr_t mBase;
     std::int64_t mHeapSize;
     Blocks mFree;
-    std::map<std::int64_t, std::pair<std::int64_t, std::int64_t>> mUsed;
+    std::map<std::int64_t, Blocks::value_type> mUsed;
 };
 
 std::int64_t offsetIn(const AllocatorBase& heap, const void* block)

@@ -1,17 +1,11 @@
 #include "io/xmlreader.h"
-#include "tests/support/plainxmlreader.h"
+#include "tests/support/memorytextstream.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    const std::string text(reinterpret_cast<const char*>(data), size);
-    MemoryTextStream stream(text);
-    const bool wellFormed = XmlReader::isWellFormed(&stream);
-    if (wellFormed != PlainXmlReader(text).readAll().empty())
+    MemoryTextStream stream(std::string(reinterpret_cast<const char*>(data), size));
+    XmlReader reader;
+    if (reader.load(&stream) && stream.getRest() != 0)
         __builtin_trap();
-    if (wellFormed)
-    {
-        XmlReader reader;
-        reader.parse(&stream);
-    }
     return 0;
 }

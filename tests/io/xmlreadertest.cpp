@@ -3,14 +3,12 @@
 #include "io/stream.h"
 #include "reflection/objectbase.h"
 #include "tests/support/memorytextstream.h"
-#include "tests/support/plainxmlreader.h"
 #include "tests/support/temporarydirectory.h"
 #include "tests/support/tracecapture.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 
 namespace
 {
@@ -55,7 +53,6 @@ TEST(XmlReaderTest, KeepsToItsGrammar)
     std::map<std::string, std::string> faults;
     for (const auto& [text, fault] : Grammar)
     {
-        EXPECT_EQ(PlainXmlReader(text).readAll(), fault) << text;
         TraceCapture traces;
         MemoryTextStream stream(text);
         EXPECT_EQ(XmlReader::isWellFormed(&stream), fault.empty()) << text;
@@ -72,28 +69,19 @@ TEST(XmlReaderTest, KeepsToItsGrammar)
         EXPECT_DEATH(parse(text), fault);
 }
 
-TEST(XmlReaderTest, AgreesWithTheGrammarOnDamagedDocuments)
+TEST(XmlReaderTest, RefusesADocumentThatIsCutAnywhere)
 {
     const std::string name = "a_name_that_crosses_a_block_of_sixty_four_characters_for_sure";
     const std::string document =
         "<?xml version=\"1.0\"?>\n\n<Root typeinfo=\"SequencerUniqueKey<sPoint>\" id=\"1\" >\n\t<" + name +
         " x=\"-1.5\" >\n\t\t<b />\n\t</" + name + ">\n</Root>\n";
-    const std::string spice("<>/=\"? \t\n\0\r\xFF:aZ9_+", 18);
-    std::mt19937 random(1);
-    unsigned int accepted = 0;
     TraceCapture silence;
-    for (unsigned int i = 0; i < 20000; ++i)
+    for (std::size_t length = document.find("<Root") + 1; length <= document.rfind("</Root") + 6; ++length)
     {
-        std::string text = document;
-        for (unsigned int j = random() % 3 + 1; j > 0; --j)
-            text.replace(random() % text.size(), random() % 2 ? 1 : random() % 40, 1, spice[random() % spice.size()]);
-        const bool expected = PlainXmlReader(text).readAll().empty();
-        MemoryTextStream stream(text);
+        MemoryTextStream stream(document.substr(0, length));
         XmlReader reader;
-        ASSERT_EQ(reader.load(&stream), expected) << text;
-        accepted += expected;
+        EXPECT_EQ(reader.load(&stream), length == document.rfind("</Root") + 6) << length;
     }
-    EXPECT_GT(accepted, 1000u);
 }
 
 TEST(XmlReaderTest, WalksTheTreeByName)
