@@ -9,9 +9,11 @@
 #include <new>
 #include <numeric>
 
+#include <emmintrin.h>
+
 namespace
 {
-constexpr unsigned int MaximumVertexNum = RenderDevice::MaximumQuadNum * QuadWriter::VertexNum;
+constexpr std::size_t MaximumVertexNum = RenderDevice::MaximumQuadNum * QuadWriter::VertexNum;
 
 constexpr unsigned int StrideMultiple = std::lcm(sizeof(sPlainDeviceVertex), sizeof(sTexturedDeviceVertex));
 
@@ -30,17 +32,10 @@ unsigned int alignUp(unsigned int offset, unsigned int step)
     return (offset + step - 1) / step * step;
 }
 
-// Vertices of one primitive; 0 for those that are never joined.
-unsigned int getPrimitiveSize(const sDrawState& state)
+bool isPrimitiveJoinable(const sDrawState& state)
 {
-    switch (state.getPrimitiveType())
-    {
-    case ePrimitiveType::Points: return 0;
-    case ePrimitiveType::Lines: return state.getVertexDecl() == eVertexDecl::Plain ? 2 : 0;
-    case ePrimitiveType::Triangles: return 3;
-    case ePrimitiveType::Quads: return 4;
-    }
-    return 0;
+    const bool plain = state.getVertexDecl() == eVertexDecl::Plain;
+    return state.getPrimitiveType() >= (plain ? ePrimitiveType::Lines : ePrimitiveType::Triangles);
 }
 
 unsigned int getVertexSize(const sDrawCommand& command)
@@ -62,45 +57,40 @@ bool isUnscaled(const sDrawCommand& command)
            command.viewport.getHeight() == command.projection.getHeight();
 }
 
-// The scissor, counted as the vertices are.
-QuadWriter::sBox getBox(const sDrawCommand& command)
+__m128 toFloat(const sRect& rect)
 {
-    const sRect box = (command.scissor & command.viewport) + sPoint(command.projection.left - command.viewport.left,
-                                                                    command.projection.top - command.viewport.top);
-    return {static_cast<float>(box.left), static_cast<float>(box.top), static_cast<float>(box.right),
-            static_cast<float>(box.bottom)};
+    return _mm_cvtepi32_ps(_mm_loadu_si128(reinterpret_cast<const __m128i*>(&rect)));
 }
 
-// Calls `write` for each primitive, until it returns false.
-template <typename Vertex, typename Write>
-bool forEachPrimitive(const sDrawCommand& command, Write write)
+// The scissor inside the viewport, counted as the vertices are. Where the two do not meet it is turned around, and
+// nothing lies inside.
+QuadWriter::sBox getBox(const sDrawCommand& command)
 {
-    const unsigned int size = getPrimitiveSize(command.state);
-    const Vertex* vertex = static_cast<const Vertex*>(command.vertices);
-    for (unsigned int rest = command.state.vertexNum; rest >= size; rest -= size, vertex += size)
-    {
-        if (!write(vertex))
-            return false;
-    }
-    return true;
+    const __m128 scissor = toFloat(command.scissor);
+    const __m128 viewport = toFloat(command.viewport);
+    const __m128 common =
+        _mm_shuffle_ps(_mm_max_ps(scissor, viewport), _mm_min_ps(scissor, viewport), _MM_SHUFFLE(3, 2, 1, 0));
+    const __m128 offset = _mm_sub_ps(toFloat(command.projection), viewport);
+    QuadWriter::sBox box;
+    _mm_storeu_ps(&box.left, _mm_add_ps(common, _mm_movelh_ps(offset, offset)));
+    return box;
 }
 
 template <typename Vertex>
-bool writePrimitives(QuadWriter& writer, const sDrawCommand& command)
+bool writeAll(QuadWriter& writer, const sDrawCommand& command)
 {
-    if (command.state.getPrimitiveType() == ePrimitiveType::Quads)
-        return forEachPrimitive<Vertex>(command, [&](const Vertex* quad) { return writer.writeQuad(quad); });
-    return forEachPrimitive<Vertex>(command, [&](const Vertex* triangle) { return writer.writeTriangle(triangle); });
+    const Vertex* vertices = static_cast<const Vertex*>(command.vertices);
+    return command.state.getPrimitiveType() == ePrimitiveType::Quads
+               ? writer.writeQuads(vertices, command.state.vertexNum)
+               : writer.writeTriangles(vertices, command.state.vertexNum);
 }
 
 bool writeAll(QuadWriter& writer, const sDrawCommand& command)
 {
-    using Plain = sPlainDeviceVertex;
     if (command.state.getPrimitiveType() == ePrimitiveType::Lines)
-        return forEachPrimitive<Plain>(command, [&](const Plain* line) { return writer.writeLine(line); });
-    return command.state.getVertexDecl() == eVertexDecl::Plain
-               ? writePrimitives<Plain>(writer, command)
-               : writePrimitives<sTexturedDeviceVertex>(writer, command);
+        return writer.writeLines(static_cast<const sPlainDeviceVertex*>(command.vertices), command.state.vertexNum);
+    return command.state.getVertexDecl() == eVertexDecl::Plain ? writeAll<sPlainDeviceVertex>(writer, command)
+                                                               : writeAll<sTexturedDeviceVertex>(writer, command);
 }
 }
 
@@ -174,7 +164,7 @@ void CommandJoin::addClear(const sClearCommand& command)
 bool CommandJoin::isJoinable(const sDrawCommand& command) const
 {
     const sDrawState& state = command.state;
-    if (command.target || !mInWindow || getPrimitiveSize(state) == 0 || !isInPlace(command))
+    if (command.target || !mInWindow || !isPrimitiveJoinable(state))
         return false;
     if (state.getVertexDecl() == eVertexDecl::Plain)
         return state.getBlendMode() == eBlendMode::Alpha ||
@@ -184,37 +174,27 @@ bool CommandJoin::isJoinable(const sDrawCommand& command) const
            state.getCombineMode() == eTextureCombineMode::Modulate;
 }
 
-bool CommandJoin::isInPlace(const sDrawCommand& command) const
-{
-    return isInRun(command) || (isUnscaled(command) && (command.viewport & mWindow) == command.viewport);
-}
-
-bool CommandJoin::isInRun(const sDrawCommand& command) const
-{
-    return mRun.command && mRun.command->viewport == command.viewport && mRun.command->projection == command.projection;
-}
-
-// Sees to a run that can take the command as a whole.
+// Sees to a run that can take the command as a whole, where a pixel of the target is a pixel of the projection.
 bool CommandJoin::makeRoom(const sDrawCommand& command)
 {
     const unsigned int vertexNum = command.state.vertexNum / SmallestPrimitive * QuadWriter::VertexNum;
-    const unsigned int size = vertexNum * static_cast<unsigned int>(sizeof(sTexturedDeviceVertex));
-    if (vertexNum > MaximumVertexNum)
-        return false;
-
     const bool open =
-        isInRun(command) && static_cast<unsigned int>(mRun.end - mRun.vertices) + vertexNum <= MaximumVertexNum;
-    if (!open)
-        finishRun();
-    if (mpMemory->capacity - mpMemory->used < size + (open ? 0 : RunSize))
+        mRun.command && mRun.command->viewport == command.viewport && mRun.command->projection == command.projection;
+    if (open && mRun.end + vertexNum <= mRun.limit)
+        return true;
+
+    finishRun();
+    if (!isUnscaled(command) || (command.viewport & mWindow) != command.viewport)
         return false;
-    if (!open)
-        startRun(command);
-    return true;
+    startRun(command);
+    return mRun.command && mRun.end + vertexNum <= mRun.limit;
 }
 
 void CommandJoin::startRun(const sDrawCommand& command)
 {
+    const unsigned int room = mpMemory->capacity - mpMemory->used;
+    if (room < RunSize)
+        return;
     mRun.first = &command;
     mRun.memoryUsed = mpMemory->used;
     const unsigned int place = alignUp(mpMemory->used, alignof(sDrawCommand));
@@ -222,6 +202,7 @@ void CommandJoin::startRun(const sDrawCommand& command)
     mRun.command = reinterpret_cast<sDrawCommand*>(mpMemory->begin + place);
     mRun.vertices = reinterpret_cast<sTexturedDeviceVertex*>(mpMemory->begin + mpMemory->used);
     mRun.end = mRun.vertices;
+    mRun.limit = mRun.vertices + std::min((room - RunSize) / sizeof(sTexturedDeviceVertex), MaximumVertexNum);
 
     *mRun.command = command;
     mRun.command->state = {static_cast<unsigned int>(eBlendMode::Alpha),
@@ -242,6 +223,7 @@ void CommandJoin::finishRun()
     if (mRun.drawNum > 1)
     {
         mRun.command->state.vertexNum = static_cast<unsigned int>(mRun.end - mRun.vertices) & 0xFFFF;
+        mpMemory->used = static_cast<unsigned int>(reinterpret_cast<unsigned char*>(mRun.end) - mpMemory->begin);
         append(mRun.command);
         mSavedNum += mRun.drawNum - 1;
     }
@@ -294,8 +276,6 @@ bool CommandJoin::write(const sDrawCommand& command)
     QuadWriter writer(mRun.end, getBox(command), mSolid);
     if (!writeAll(writer, command))
         return false;
-    mpMemory->used += static_cast<unsigned int>(writer.getEnd() - mRun.end) *
-                      static_cast<unsigned int>(sizeof(sTexturedDeviceVertex));
     mRun.end = writer.getEnd();
     return true;
 }

@@ -55,6 +55,7 @@ private:
         const sDrawCommand* last;
         sTexturedDeviceVertex* vertices;
         sTexturedDeviceVertex* end;
+        const sTexturedDeviceVertex* limit;
         unsigned int drawNum;
         unsigned int memoryUsed;
     };
@@ -62,8 +63,6 @@ private:
     void addDraw(const sDrawCommand& command);
     void addClear(const sClearCommand& command);
     bool isJoinable(const sDrawCommand& command) const;
-    bool isInPlace(const sDrawCommand& command) const;
-    bool isInRun(const sDrawCommand& command) const;
     bool makeRoom(const sDrawCommand& command);
     void startRun(const sDrawCommand& command);
     void finishRun();

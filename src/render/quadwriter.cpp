@@ -1,6 +1,7 @@
 #include "render/quadwriter.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace
 {
@@ -58,38 +59,103 @@ bool hasTexels(const sTexturedDeviceVertex* corner, const sBox& bounds, float te
            corner[3].s == corner[1].s && corner[1].t == corner[0].t && corner[3].t == corner[2].t;
 }
 
-// From the first pixel of a line to the edge before its last one, which is not drawn.
-void getExtent(float first, float last, float& begin, float& end)
+// Lanes of a vertex in a register, as a mask tells of them.
+constexpr int LaneX = 1;
+constexpr int LaneY = 2;
+constexpr int LaneColor = 8;
+
+// From the ends of a line to the edges of what it draws, left, top, right and bottom: half a pixel to both sides, and
+// along the line from the first pixel to the edge before the last one, which is not drawn.
+constexpr float LevelForward[] = {-Half, -Half, -Half, Half};
+constexpr float LevelBackward[] = {Half, -Half, Half, Half};
+constexpr float UprightForward[] = {-Half, -Half, Half, -Half};
+constexpr float UprightBackward[] = {-Half, Half, Half, Half};
+
+__m128 load(const sPlainDeviceVertex& vertex)
 {
-    begin = first < last ? first - Half : last + Half;
-    end = first < last ? last - Half : first + Half;
+    return _mm_loadu_ps(&vertex.x);
+}
+
+void store(sTexturedDeviceVertex* vertex, __m128 words, const sTexcoord& texel)
+{
+    _mm_storeu_ps(&vertex->x, words);
+    std::memcpy(&vertex->s, &texel, sizeof(texel));
+}
+
+int getEqualLanes(__m128 a, __m128 b)
+{
+    return _mm_movemask_ps(_mm_castsi128_ps(_mm_cmpeq_epi32(_mm_castps_si128(a), _mm_castps_si128(b))));
+}
+
+// Whether it is the centre of a pixel.
+bool isCentre(__m128 vertex)
+{
+    const __m128 corner = _mm_sub_ps(vertex, _mm_set1_ps(Half));
+    const __m128 whole = _mm_cvtepi32_ps(_mm_cvttps_epi32(corner));
+    constexpr int Both = LaneX | LaneY;
+    return (_mm_movemask_ps(_mm_cmpeq_ps(corner, whole)) & Both) == Both;
 }
 }
 
-bool QuadWriter::writeLine(const sPlainDeviceVertex* vertices)
+bool QuadWriter::writeLines(const sPlainDeviceVertex* vertices, unsigned int vertexNum)
 {
-    const sPlainDeviceVertex& first = vertices[0];
-    const sPlainDeviceVertex& last = vertices[1];
-    const bool level = first.y == last.y;
-    if (!level && first.x != last.x)
-        return false;
-    if (first.color != last.color || !isWhole(first.x - Half) || !isWhole(first.y - Half))
-        return false;
-
-    sBox line = {first.x - Half, first.y - Half, first.x + Half, first.y + Half};
-    if (level)
-        getExtent(first.x, last.x, line.left, line.right);
-    else
-        getExtent(first.y, last.y, line.top, line.bottom);
-    const sBox visible = getCommon(line, mBox);
-    if (isEmpty(visible))
-        return true;
-    for (const sPlainDeviceVertex& corner : {sPlainDeviceVertex{visible.left, visible.top, first.z, first.color},
-                                             {visible.right, visible.top, first.z, first.color},
-                                             {visible.left, visible.bottom, first.z, first.color},
-                                             {visible.right, visible.bottom, first.z, first.color}})
-        *mpEnd++ = convert(corner);
+    constexpr unsigned int Size = 2;
+    for (; vertexNum >= Size; vertexNum -= Size, vertices += Size)
+    {
+        if (!writeLine(vertices))
+            return false;
+    }
     return true;
+}
+
+inline bool QuadWriter::writeLine(const sPlainDeviceVertex* ends)
+{
+    const __m128 first = load(ends[0]);
+    const __m128 last = load(ends[1]);
+    const int equal = getEqualLanes(first, last);
+    const bool level = equal & LaneY;
+    const bool upright = equal & LaneX;
+    if (!(equal & LaneColor) || !(level || upright) || !isCentre(first))
+        return false;
+    if (level && upright)
+        return true;
+
+    const float* edges = level ? (ends[0].x < ends[1].x ? LevelForward : LevelBackward)
+                               : (ends[0].y < ends[1].y ? UprightForward : UprightBackward);
+    const __m128 box = _mm_movelh_ps(_mm_min_ps(first, last), _mm_max_ps(first, last));
+    writeBox(_mm_add_ps(box, _mm_loadu_ps(edges)), first);
+    return true;
+}
+
+// Writes what of a box can be seen, with the depth and the colour of a vertex.
+inline void QuadWriter::writeBox(__m128 box, __m128 vertex)
+{
+    const __m128 limit = _mm_loadu_ps(&mBox.left);
+    const __m128 visible = _mm_shuffle_ps(_mm_max_ps(box, limit), _mm_min_ps(box, limit), _MM_SHUFFLE(3, 2, 1, 0));
+    constexpr int Both = LaneX | LaneY;
+    if ((_mm_movemask_ps(_mm_cmplt_ps(visible, _mm_movehl_ps(visible, visible))) & Both) != Both)
+        return;
+
+    const __m128 corners[VertexNum] = {_mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 1, 0)),
+                                       _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 1, 2)),
+                                       _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 3, 0)),
+                                       _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 3, 2))};
+    for (unsigned int i = 0; i < VertexNum; ++i)
+        store(mpEnd + i, corners[i], mSolid);
+    mpEnd += VertexNum;
+}
+
+void QuadWriter::convert(const sTexturedDeviceVertex* vertices, unsigned int vertexNum)
+{
+    std::copy_n(vertices, vertexNum, mpEnd);
+}
+
+void QuadWriter::convert(const sPlainDeviceVertex* vertices, unsigned int vertexNum)
+{
+    sTexturedDeviceVertex* converted = mpEnd;
+    const sTexcoord solid = mSolid;
+    for (unsigned int i = 0; i < vertexNum; ++i)
+        store(converted + i, load(vertices[i]), solid);
 }
 
 bool QuadWriter::finishCut(float texelsPerPixel)
@@ -98,9 +164,14 @@ bool QuadWriter::finishCut(float texelsPerPixel)
     const sBox visible = getCommon(bounds, mBox);
     if (isEmpty(visible))
         return true;
-    if (!isCuttable(bounds, texelsPerPixel))
-        return false;
-    cut(bounds, visible, texelsPerPixel);
+    const bool inside = visible.left == bounds.left && visible.top == bounds.top && visible.right == bounds.right &&
+                        visible.bottom == bounds.bottom;
+    if (!inside)
+    {
+        if (!isCuttable(bounds, texelsPerPixel))
+            return false;
+        cut(bounds, visible, texelsPerPixel);
+    }
     mpEnd += VertexNum;
     return true;
 }
