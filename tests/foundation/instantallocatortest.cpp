@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <set>
-#include <thread>
-#include <vector>
 
 TEST(InstantAllocatorTest, MovesTwoMarksTowardsEachOtherUntilItIsCleared)
 {
@@ -32,22 +29,4 @@ TEST(InstantAllocatorTest, MovesTwoMarksTowardsEachOtherUntilItIsCleared)
     EXPECT_EQ(heap.getUsedSize(), 0u);
     EXPECT_EQ(allocate(3, 1), 0);
     EXPECT_EQ(allocate(3, 1), 3) << "an alignment of 1 rounds nothing";
-}
-
-TEST(InstantAllocatorTest, GivesEveryThreadMemoryOfItsOwn)
-{
-    constexpr unsigned int BlockNum = 2000;
-    InstantAllocator heap(2 * BlockNum * 8, "Instant", nullptr, true);
-    std::vector<void*> own;
-    std::vector<void*> others;
-    const auto fill = [&](std::vector<void*>& blocks)
-    {
-        for (unsigned int i = 0; i < BlockNum; ++i)
-            blocks.push_back(heap.allocate(i % 2 ? 8 : -8, 8));
-    };
-    std::thread other([&] { fill(others); });
-    fill(own);
-    other.join();
-    own.insert(own.end(), others.begin(), others.end());
-    EXPECT_EQ(std::set<void*>(own.begin(), own.end()).size(), 2 * BlockNum);
 }

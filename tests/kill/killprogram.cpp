@@ -11,14 +11,17 @@
 #include <random>
 #include <thread>
 
+#include <sys/mman.h>
+
 namespace
 {
 constexpr unsigned int TrackNum = 200;
 constexpr unsigned int LongestMicroseconds = 20000;
+constexpr unsigned int LongestStart = 20000; // milliseconds
 constexpr const char* File = "intermediate/walk.seq.xml";
 
-// Never returns. Says through the pipe which of its saves is done.
-void saveForever(int pipe)
+// Never returns. Tells which of its saves is done.
+void saveForever(volatile unsigned int& done)
 {
     ToolStage stage;
     stage.write(File, 1);
@@ -30,18 +33,10 @@ void saveForever(int pipe)
     {
         tool->setEndFrame(frame);
         tool->save();
-        if (tool->isManagedResourceModified() || ::write(pipe, &frame, sizeof(frame)) != sizeof(frame))
+        if (tool->isManagedResourceModified())
             _exit(EXIT_FAILURE);
+        done = frame;
     }
-}
-
-// The last save that was done; 0 for none. Ends when the writing end is closed.
-unsigned int readLast(int pipe)
-{
-    unsigned int last = 0;
-    for (unsigned int frame = 0; ::read(pipe, &frame, sizeof(frame)) == sizeof(frame);)
-        last = frame;
-    return last;
 }
 
 // The one below the temporary directory that the process has made.
@@ -70,23 +65,21 @@ bool killOnce(std::chrono::microseconds delay)
 {
     const TemporaryDirectory directory;
     setenv("TMPDIR", directory.getPath().c_str(), 1);
-    int ends[2];
-    if (pipe(ends) != 0)
-        return false;
+    void* shared = mmap(nullptr, sizeof(unsigned int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    volatile unsigned int& done = *static_cast<unsigned int*>(shared);
     const pid_t child = fork();
     if (child == 0)
-        saveForever(ends[1]);
-    close(ends[1]);
-    unsigned int first = 0;
-    const bool started = ::read(ends[0], &first, sizeof(first)) == sizeof(first);
+        saveForever(done);
+    for (unsigned int i = 0; done == 0 && i < LongestStart; ++i)
+        usleep(1000);
     std::this_thread::sleep_for(delay);
     kill(child, SIGKILL);
     int status = 0;
     waitpid(child, &status, 0);
-    const unsigned int last = std::max(first, readLast(ends[0]));
-    close(ends[0]);
+    const unsigned int last = done;
+    munmap(shared, sizeof(unsigned int));
     unsetenv("TMPDIR");
-    return started && WIFSIGNALED(status) && isWhole(findFile(directory), last);
+    return WIFSIGNALED(status) && isWhole(findFile(directory), last);
 }
 }
 

@@ -31,19 +31,6 @@ TestSequence::TestSequence(unsigned int start, unsigned int end)
     clearUpdate();
 }
 
-void TestSequence::addProbeLane(const char* control, const char* track)
-{
-    SequenceProbe probe;
-    List<ControlBase> controls;
-    probe.makeControlList(controls);
-    for (ControlBase* candidate : controls)
-    {
-        if (AutoString::isEqual(candidate->getName(), control))
-            addLane(track, candidate);
-        delete candidate;
-    }
-}
-
 void TestSequence::addMarkers(const std::vector<sTestMarker>& markers)
 {
     for (unsigned int i = 0; i < markers.size(); ++i)

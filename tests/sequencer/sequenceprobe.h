@@ -3,7 +3,7 @@
 #include "reflection/reflect.h"
 #include "sequencer/control.h"
 #include "sequencer/sequencer.h"
-#include "sequencer/sequencerresourceintermediate.h"
+#include "tests/support/lanes.h"
 #include "tests/support/values.h"
 
 #include <random>
@@ -78,7 +78,7 @@ public:
     TestSequence(unsigned int start = 0, unsigned int end = 4095);
 
     // The lane of the probe's control of that name.
-    void addProbeLane(const char* control, const char* track = "T");
+    void addProbeLane(const char* control, const char* track = "T") { ::addLane(*this, track, control); }
 
     template <typename T>
     void addKeys(const std::vector<sTestKey<T>>& keys, const char* control = ValueTraits<T>::name)

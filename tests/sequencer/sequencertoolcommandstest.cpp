@@ -5,6 +5,7 @@
 #include "sequencer/sequencertrack.h"
 #include "sequencer/sequenceruniquekey.h"
 #include "tests/sequencer/sequenceprobe.h"
+#include "tests/support/elements.h"
 #include "tests/support/headlessinterface.h"
 #include "tests/support/held.h"
 #include "tests/support/tracecapture.h"
@@ -21,11 +22,6 @@ namespace
 {
 constexpr unsigned int Left = 160;
 constexpr unsigned int Right = 162;
-
-UIBase* getChild(const UIBase& parent, int index)
-{
-    return *(parent.getChildrenBegin() + index);
-}
 }
 
 // The editor of a sequence, whose track "T" holds a probe, in the hands of a user.
@@ -231,7 +227,9 @@ TEST_F(SequencerToolCommands, EditBothFormsOfTheSequence)
 
 TEST_F(SequencerToolCommands, DoNothingWithoutASequence)
 {
+    lane("u8");
     mTool->setResource(nullptr);
+    EXPECT_EQ(mTool->findKey(mSequence->findTrack("T")), nullptr);
     for (UIMainMenu::Item* entry : mTool->getMainMenu()->getItems())
         for (UIMenu::Item* row : entry->getSubMenu()->getItems())
             if (row->getName() && !AutoString::isEqual(entry->getName(), "File"))
@@ -241,6 +239,7 @@ TEST_F(SequencerToolCommands, DoNothingWithoutASequence)
     mTool->eventRemoveAllKey();
     EXPECT_EQ(mInterface.mSystem->getWindowList().size(), 1u);
     EXPECT_FALSE(mTool->getSequencer()->isPlaying());
+    EXPECT_EQ(mTool->getSelectLane(), nullptr);
 }
 
 TEST_F(SequencerToolCommands, RecordInAKeyWhatTheObjectHolds)
@@ -256,16 +255,18 @@ TEST_F(SequencerToolCommands, RecordInAKeyWhatTheObjectHolds)
     seek(7);
     choose("Add Key All Lane");
     EXPECT_TRUE(mSequence->isConsistent());
+    probe = mTool->getLiveObject(0)->cast<SequenceProbe>(); // Made anew, so its values come from the keys.
 
     for (ObjectBase* object : mSequence->findTrack("T")->getLaneList())
     {
         const SequencerLane* lane = static_cast<SequencerLane*>(object);
         SequencerKey* key = lane->findKey(7);
         ASSERT_NE(key, nullptr) << lane->getControlName().c_str();
-        const auto expect = [key]<typename T>()
+        const auto expect = [key, probe]<typename T>()
         {
             const T value = makeValue<T>(3);
             EXPECT_EQ(std::memcmp(key->getParameter(), &value, sizeof(T)), 0);
+            EXPECT_EQ(std::memcmp(&probe->get<T>(), &value, sizeof(T)), 0) << ValueTraits<T>::name;
         };
         const bool known = visitValueType(ValueTypes{}, lane->getKeyType(), expect);
         EXPECT_EQ(key->getInterpolateType(), known ? eInterpolateType::Linear : eInterpolateType::Trigger);

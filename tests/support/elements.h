@@ -11,6 +11,12 @@ inline UIBase* makeElement(const sSize& size, unsigned int attribute = 0)
     return element;
 }
 
+template <typename T = UIBase>
+T* getChild(const UIBase& parent, int index)
+{
+    return static_cast<T*>(*(parent.getChildrenBegin() + index));
+}
+
 // Where the children of an element are, relative to it. What is hidden is nowhere.
 inline std::vector<sRect> getRegions(const UIBase& parent)
 {

@@ -4,16 +4,6 @@
 
 #include <gtest/gtest.h>
 
-// A list of types as typed tests take it.
-template <typename List>
-struct AsTestTypes;
-
-template <typename... Ts>
-struct AsTestTypes<TypeList<Ts...>>
-{
-    using Types = testing::Types<Ts...>;
-};
-
 // A value of each type, different in each component and exact in text.
 template <typename T>
 T makeValue(int number)
