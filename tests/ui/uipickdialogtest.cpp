@@ -1,4 +1,5 @@
 #include "foundation/utils.h"
+#include "input/keyboardsystem.h"
 #include "reflection/propertylist.h"
 #include "resource/resourcebase.h"
 #include "sequencer/control.h"
@@ -165,6 +166,24 @@ TEST_F(UIPickDialogTest, AnswersByNameAndWarning)
         EXPECT_EQ(mAnswer, row.answer);
         mInterface.runFrame();
     }
+}
+
+TEST_F(UIPickDialogTest, AnswersWithTheNameThatItAskedAbout)
+{
+    for (const char* name : {"b.tga", "c.tga"})
+        write(name);
+    UIFileDialog* dialog = openFiles(true);
+    mRead = [&]
+    {
+        EXPECT_STREQ(dialog->getFileName().c_str(), "b.tga");
+    };
+    decide(findRow("b.tga"));
+    mInterface.runFrame();
+    for (const KeyboardSystem::eKeyCode key :
+         {KeyboardSystem::DownArrow, KeyboardSystem::DownArrow, KeyboardSystem::Return})
+        mInterface.pressKey(key);
+    static_cast<UIDialog*>(mInterface.mSystem->getWindowList()[0])->eventYes();
+    EXPECT_EQ(mAnswer, UIDialog::Ok);
 }
 
 TEST_F(UIPickDialogTest, MakesResourcesOfNamesThatDocumentsCanHold)
