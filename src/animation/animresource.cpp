@@ -1,6 +1,7 @@
 #include "animation/animresource.h"
 
 #include "animation/animprimitive.h"
+#include "foundation/replacereference.h"
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
 #include "resource/textureresource.h"
@@ -63,11 +64,7 @@ ResourceBase* AnimResource::getTexture() const
 
 void AnimResource::bindTexture(TextureResource* texture)
 {
-    if (texture)
-        texture->addRef();
-    if (mpTexture)
-        mpTexture->release();
-    mpTexture = texture;
+    replaceReference(mpTexture, texture);
 
     const AutoString path = mpTexture ? mpTexture->getPath() : AutoString();
     setExtraData(path.c_str(), path.empty() ? 0 : path.size() + 1);

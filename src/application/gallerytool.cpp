@@ -1,5 +1,6 @@
 #include "application/gallerytool.h"
 
+#include "foundation/replacereference.h"
 #include "reflection/property.h"
 #include "sequencer/sequencerresourceintermediate.h"
 #include "ui/uimainmenu.h"
@@ -38,12 +39,7 @@ GalleryTool::~GalleryTool()
 
 void GalleryTool::setResource(ResourceBase* resource)
 {
-    SequencerResourceIntermediate* former = mpSequence;
-    mpSequence = resource ? resource->cast<SequencerResourceIntermediate>() : nullptr;
-    if (mpSequence)
-        mpSequence->addRef();
-    if (former)
-        former->release();
+    replaceReference(mpSequence, resource ? resource->cast<SequencerResourceIntermediate>() : nullptr);
 }
 
 ResourceBase* GalleryTool::getResource() const

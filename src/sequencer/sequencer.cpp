@@ -5,6 +5,7 @@
 #include "foundation/dev.h"
 #include "foundation/list.h"
 #include "foundation/minmax.h"
+#include "foundation/replacereference.h"
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
 #include "sequencer/control.h"
@@ -97,11 +98,7 @@ void Sequencer::setResource(ResourceBase* resource)
 
     stop();
     deleteAllTrack();
-    if (sequence)
-        sequence->addRef();
-    if (mpResource)
-        mpResource->release();
-    mpResource = sequence;
+    replaceReference(mpResource, sequence);
 
     mCurrentFrame = mpResource ? getStartFrame() : sFixed::Zero;
     if (mpResource)

@@ -1,5 +1,6 @@
 #include "sequencer/sequenceruniquekey.h"
 
+#include "foundation/replacereference.h"
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
 #include "resource/resourcebase.h"
@@ -145,11 +146,7 @@ SequencerUniqueKey<ResourceBase>::~SequencerUniqueKey()
 
 void SequencerUniqueKey<ResourceBase>::setResource(ResourceBase* resource)
 {
-    if (resource)
-        resource->addRef();
-    if (mpResource)
-        mpResource->release();
-    mpResource = resource;
+    replaceReference(mpResource, resource);
 }
 
 void SequencerUniqueKey<ResourceBase>::makePropertyList(PropertyList& list)

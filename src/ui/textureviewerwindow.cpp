@@ -1,5 +1,6 @@
 #include "ui/textureviewerwindow.h"
 
+#include "foundation/replacereference.h"
 #include "render/texture.h"
 #include "ui/uicolorcontrol.h"
 #include "ui/uitexture.h"
@@ -41,11 +42,7 @@ TextureViewerWindow::~TextureViewerWindow()
 
 void TextureViewerWindow::setTexture(Texture* texture)
 {
-    if (texture)
-        texture->addRef();
-    if (mTexture)
-        mTexture->release();
-    mTexture = texture;
+    replaceReference(mTexture, texture);
     mView->setTexture(texture);
 }
 

@@ -1,5 +1,6 @@
 #include "ui/uidesktop.h"
 
+#include "foundation/replacereference.h"
 #include "reflection/propertylist.h"
 #include "reflection/resourceproperty.h"
 #include "resource/resourcebase.h"
@@ -45,11 +46,7 @@ UIDesktop::~UIDesktop()
 
 void UIDesktop::setWallpaper(ResourceBase* wallpaper)
 {
-    if (wallpaper)
-        wallpaper->addRef();
-    if (mWallpaper)
-        mWallpaper->release();
-    mWallpaper = wallpaper;
+    replaceReference(mWallpaper, wallpaper);
 }
 
 void UIDesktop::launchSystemManager()

@@ -1,5 +1,6 @@
 #include "ui/uitexture.h"
 
+#include "foundation/replacereference.h"
 #include "render/texture.h"
 #include "ui/uipainter.h"
 
@@ -46,11 +47,7 @@ UITexture::~UITexture()
 
 void UITexture::setTexture(Texture* texture)
 {
-    if (texture)
-        texture->addRef();
-    if (mTexture)
-        mTexture->release();
-    mTexture = texture;
+    replaceReference(mTexture, texture);
     mZoom = 0;
     setSize(texture ? getZoomedSize(mZoom) : sSize::Zero);
 }
