@@ -31,7 +31,7 @@ constexpr unsigned int StartWidth = SliderEnd + 1 + WidthBesideSlider;
 UIColorControl::UIColorControl(PropertyBase* property, bool disable, unsigned int index)
     : UIComponentControl(property, disable, index)
 {
-    requireType(typeRange(ColorType, ColorFType), "Property type missmatch.");
+    requireType(typeRange(ColorType, ColorFType));
     if (property->getType() == ColorType)
         makeRows<sColor>(MinimumWidth);
     else
@@ -53,8 +53,7 @@ void UIColorControl::align()
     const unsigned int width = std::clamp(getSize().width - WidthBesideSlider, SliderMinimumSize.width, SliderEnd + 1u);
     for (unsigned int channel = 0; channel < MaximumRowNum; ++channel)
     {
-        mSlider[channel]->setPosition(sPoint(SliderLeft, getRowTop(channel) + SliderDrop));
-        mSlider[channel]->setSize({width, SliderMinimumSize.height});
+        place(mSlider[channel], sPoint(SliderLeft, getRowTop(channel) + SliderDrop), {width, SliderMinimumSize.height});
     }
     placeBoxes(SliderLeft + static_cast<int>(width) + BoxGap, BoxWidth);
 }

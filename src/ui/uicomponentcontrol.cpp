@@ -71,10 +71,7 @@ void UIComponentControl::makeRows(unsigned int minimumWidth)
 void UIComponentControl::placeBoxes(int left, unsigned int width)
 {
     for (unsigned int row = 0; row < mRowNum; ++row)
-    {
-        mRow[row].box->setPosition(sPoint(left, getRowTop(row)));
-        mRow[row].box->setSize({width, BoxHeight});
-    }
+        place(mRow[row].box, sPoint(left, getRowTop(row)), {width, BoxHeight});
 }
 
 template <typename T, std::size_t... Row>
@@ -116,7 +113,7 @@ template <CompositeValue T>
 UICompositeControl<T>::UICompositeControl(PropertyBase* property, bool disable, unsigned int index)
     : UIComponentControl(property, disable, index)
 {
-    requireType(typeRange(ValueTraits<T>::type, ValueTraits<T>::type), "Property type missmatch.");
+    requireType(typeRange(ValueTraits<T>::type, ValueTraits<T>::type));
     makeRows<T>(MinimumWidth);
     align();
 }

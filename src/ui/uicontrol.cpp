@@ -88,6 +88,11 @@ void UIControl::paintName(UIPainter* painter, const sRect& rect) const
                         UIPainter::eAlignment::LeftMiddle);
 }
 
+void UIControl::paintName(UIPainter* painter) const
+{
+    paintName(painter, sRect(getSize().width, NameHeight));
+}
+
 void UIControl::paintGroup(UIPainter* painter) const
 {
     char buffer[ValueTextSize];

@@ -35,7 +35,7 @@ public:
 
 protected:
     // Stops with `message` on a property whose type is not in the set of typeset.h.
-    void requireType(unsigned int types, const char* message) const;
+    void requireType(unsigned int types, const char* message = "Property type missmatch.") const;
 
     // Does nothing to a child that is there already, since most children are in most frames.
     static void place(UIBase* child, const sPoint& position, const sSize& size);
@@ -43,8 +43,13 @@ protected:
     // getName() without an allocation. `buffer` has ValueTextSize characters; the result is null without a name.
     const char* getLabel(char* buffer) const;
 
-    // The name, which must be there: as a line of text, and in the frame of a group around the whole control.
+    // What a name above the value takes.
+    static constexpr unsigned int NameHeight = 16;
+
+    // The name, which must be there: as a line of text, above the value if nothing else is said, and in the frame of a
+    // group around the whole control.
     void paintName(UIPainter* painter, const sRect& rect) const;
+    void paintName(UIPainter* painter) const;
     void paintGroup(UIPainter* painter) const;
 
 private:

@@ -15,7 +15,6 @@ namespace
 constexpr unsigned int AcceptedTypes = typeRange(1, 11) | typeRange(18, 18);
 constexpr unsigned int MinimumWidth = 64;
 constexpr unsigned int BoxHeight = 16;
-constexpr unsigned int NameHeight = 16;
 constexpr int TextLeft = 2;
 }
 
@@ -26,7 +25,7 @@ UIEnumControl::UIEnumControl(PropertyBase* property, const sEnumInfo* table, uns
       mpPulldownList(new UIPulldownList(this, &UIEnumControl::notifySelect)),
       mpValues(new unsigned int[count])
 {
-    requireType(AcceptedTypes, "Property type missmatch.");
+    requireType(AcceptedTypes);
     int widest = 0;
     for (unsigned int i = 0; i < count; ++i)
     {
@@ -80,7 +79,7 @@ void UIEnumControl::eventPaint(UIPainter* painter)
     const UIColorScheme& colors = UIPainter::getColors();
     const sRect box = getBox();
     if (box.top > 0)
-        paintName(painter, sRect(getSize().width, NameHeight));
+        paintName(painter);
     painter->drawRect(box, colors.mClientRegionColor);
     const sRect text(box.left + TextLeft, box.top, mpPulldownButton->getPosition().x, box.bottom);
     painter->drawString(text, getItemName(), isEnabled() ? colors.mClientFontColor : colors.mDisableFontColor,

@@ -5,8 +5,6 @@
 #include "ui/uikeycode.h"
 #include "ui/uipainter.h"
 
-#include <algorithm>
-
 namespace
 {
 constexpr unsigned int AcceptedTypes = typeRange(1, 11) | typeRange(18, 18);
@@ -19,7 +17,7 @@ constexpr int NameLeft = 14;
 UIFlagControl::UIFlagControl(PropertyBase* property, unsigned int mask, bool disable, unsigned int index)
     : UIControl(property, disable, index), mMask(mask)
 {
-    requireType(AcceptedTypes, "Property type missmatch.");
+    requireType(AcceptedTypes);
     setMinimumSize(MinimumSize);
     setDefaultSize();
     setSize({getSize().width + NameLeft - BoxSize, getSize().height});

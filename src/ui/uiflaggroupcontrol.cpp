@@ -17,7 +17,7 @@ UIFlagGroupControl::UIFlagGroupControl(PropertyBase* property, const sMaskInfo* 
                                        unsigned int index)
     : UIControl(property, disable, index, RowElement), mpForm(new UIForm(UIForm::FlowLayout))
 {
-    requireType(AcceptedTypes, "Property type missmatch.");
+    requireType(AcceptedTypes);
     setMinimumSize(MinimumSize);
     unsigned int widest = 0;
     for (unsigned int i = 0; i < count; ++i)

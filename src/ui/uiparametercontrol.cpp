@@ -1,12 +1,10 @@
 #include "ui/uiparametercontrol.h"
 
-#include "ui/uiaxis.h"
 #include "ui/uipainter.h"
 
 namespace
 {
 constexpr unsigned int MinimumWidth = 48;
-constexpr unsigned int NameHeight = 16;
 
 bool isText(const PropertyBase* property)
 {
@@ -64,5 +62,8 @@ void UIParameterControl::align()
 
 void UIParameterControl::eventPaint(UIPainter* painter)
 {
-    paintName(painter, mLabelWidth ? sRect(mLabelWidth, getSize().height) : sRect(getSize().width, NameHeight));
+    if (mLabelWidth)
+        paintName(painter, sRect(mLabelWidth, getSize().height));
+    else
+        paintName(painter);
 }

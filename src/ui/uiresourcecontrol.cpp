@@ -14,7 +14,6 @@
 namespace
 {
 constexpr unsigned int ResourceType = PropertyBase::getPropertyType<ResourceBase*>();
-constexpr int NameHeight = 16;
 constexpr int BoxHeight = 16;
 constexpr int ButtonWidth = 16;
 constexpr unsigned int MinimumWidth = 64;
@@ -61,7 +60,7 @@ UIResourceControl::UIResourceControl(PropertyBase* property, const TypeInfo* typ
       mBox(new UITextControl(property, true, index)),
       mButton(new UIButton(this, &UIResourceControl::openFile, ".."))
 {
-    requireType(typeRange(ResourceType, ResourceType), "Property type missmatch.");
+    requireType(typeRange(ResourceType, ResourceType));
     if (!type || !type->isDerivedFrom(ResourceBase::getStaticTypeInfo()))
         dev_assert("Invalid typeinfo.", __FILE__, __LINE__);
 
@@ -77,15 +76,13 @@ UIResourceControl::UIResourceControl(PropertyBase* property, const TypeInfo* typ
 void UIResourceControl::align()
 {
     const int boxWidth = static_cast<int>(getSize().width) - ButtonWidth;
-    mBox->setPosition(sPoint(0, getBoxTop()));
-    mBox->setSize(makeSize(boxWidth, BoxHeight));
-    mButton->setPosition(sPoint(boxWidth, getBoxTop()));
-    mButton->setSize(makeSize(ButtonWidth, BoxHeight));
+    place(mBox, sPoint(0, getBoxTop()), makeSize(boxWidth, BoxHeight));
+    place(mButton, sPoint(boxWidth, getBoxTop()), makeSize(ButtonWidth, BoxHeight));
 }
 
 void UIResourceControl::eventPaint(UIPainter* painter)
 {
-    paintName(painter, sRect(0, 0, getOwnRegion().right, NameHeight));
+    paintName(painter);
 }
 
 void UIResourceControl::openFile(UIButton*)

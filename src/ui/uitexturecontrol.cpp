@@ -8,13 +8,12 @@
 namespace
 {
 constexpr unsigned int ObjectType = PropertyBase::getPropertyType<ObjectBase*>();
-constexpr int NameHeight = 16;
 constexpr sSize MinimumSize{64, 80};
 }
 
 UITextureControl::UITextureControl(PropertyBase* property, unsigned int index) : UIControl(property, true, index)
 {
-    requireType(typeRange(ObjectType, ObjectType), "Property type missmatch.");
+    requireType(typeRange(ObjectType, ObjectType));
     setMinimumSize(MinimumSize);
     setDefaultSize();
 }
@@ -22,7 +21,7 @@ UITextureControl::UITextureControl(PropertyBase* property, unsigned int index) :
 void UITextureControl::eventPaint(UIPainter* painter)
 {
     const sRect own = getOwnRegion();
-    paintName(painter, sRect(0, 0, own.right, NameHeight));
+    paintName(painter);
     TexturePreview::paint(painter, sRect(0, NameHeight, own.right, own.bottom), getTexture());
 }
 

@@ -16,7 +16,8 @@ constexpr sSize EmptySize{96, 16};
 UITriggerControl::UITriggerControl(const TriggerControlBase* trigger, bool disable)
     : UIControl(nullptr, disable, WholeValue), mTrigger(trigger->duplicate())
 {
-    initialize(TriggerTypes{}, disable);
+    visitType<TriggerTraits>(TriggerTypes{}, mTrigger->getArgumentType(),
+                             [this, disable]<typename T>() { initializeAs<T>(disable); });
     if (!mFire)
     {
         mTrigger.reset();
@@ -31,13 +32,6 @@ void UITriggerControl::apply(UIButton*)
 {
     if (isEnabled() && mFire)
         (this->*mFire)();
-}
-
-template <typename... Ts>
-void UITriggerControl::initialize(TypeList<Ts...>, bool disable)
-{
-    const unsigned int type = mTrigger->getArgumentType();
-    static_cast<void>(((TriggerTraits<Ts>::type == type && (initializeAs<Ts>(disable), true)) || ...));
 }
 
 template <typename T>

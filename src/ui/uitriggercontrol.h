@@ -20,9 +20,6 @@ public:
     void apply(UIButton* button);
 
 private:
-    template <typename... Ts>
-    void initialize(TypeList<Ts...>, bool disable);
-
     template <typename T>
     void initializeAs(bool disable);
     void addButton();
