@@ -4,9 +4,9 @@
 #include <cstdio>
 
 // The other end of a benchmark's pipe: for each line that comes, draws some frames and answers with the seconds of
-// one of them. `prepare` is called before each frame and does not count.
+// one of them, or of each of so many equal parts of it. `prepare` is called before each frame and does not count.
 template <typename Prepare, typename Frame>
-int serve(Prepare&& prepare, Frame&& frame)
+int serve(Prepare&& prepare, Frame&& frame, unsigned int partNum = 1)
 {
     constexpr int FrameNum = 10;
     const auto draw = [&]
@@ -25,7 +25,7 @@ int serve(Prepare&& prepare, Frame&& frame)
         double seconds = 0.0;
         for (int i = 0; i < FrameNum; ++i)
             seconds += draw();
-        std::printf("=%.9f\n", seconds / FrameNum);
+        std::printf("=%.12f\n", seconds / FrameNum / partNum);
         std::fflush(stdout);
     }
     return 0;
