@@ -4,10 +4,10 @@
 #include "io/stream.h"
 #include "resource/resourcesystem.h"
 #include "resource/textureresource.h"
-#include "sequencer/control.h"
 #include "sequencer/sequenceruniquekey.h"
 #include "tests/support/headlesssystems.h"
 #include "tests/support/images.h"
+#include "tests/support/lanes.h"
 #include "tests/support/tracecapture.h"
 
 #include <gtest/gtest.h>
@@ -15,22 +15,11 @@
 namespace
 {
 // A lane for a control of the track's class, with two keys.
-void addLane(SequencerResourceIntermediate& sequence, const char* track, const char* control, unsigned int frame,
-             unsigned int last)
+void addKeys(AnimResource& animation, const char* track, const char* control, unsigned int frame, unsigned int last)
 {
-    ObjectBase* sample = TypeInfo::find(sequence.findNativeTrack(track)->objectTypeID)->newInstance();
-    List<ControlBase> controls;
-    sample->makeControlList(controls);
-    for (ControlBase* candidate : controls)
-    {
-        if (AutoString::isEqual(candidate->getName(), control))
-            sequence.addLane(track, candidate);
-        delete candidate;
-    }
-    delete sample;
-    const bool resource = sequence.findNativeLane(track, control)->keyStride == 236;
+    addLane(animation, track, control);
     for (unsigned int at : {frame, last})
-        sequence.addKey(track, control, at, resource ? eInterpolateType::Trigger : eInterpolateType::Linear);
+        animation.addKey(track, control, at, *control == 'R' ? eInterpolateType::Trigger : eInterpolateType::Linear);
 }
 }
 
@@ -68,7 +57,7 @@ TEST_F(AnimResourceTest, ComesBackFromItsDocumentWithItsTexture)
 
         walk.addTrack(AnimCell::getStaticTypeInfo(), "Cell");
         for (const char* control : {"Position", "UV", "Size", "Color", "Attribute"})
-            addLane(walk, "Cell", control, 3, 60);
+            addKeys(walk, "Cell", control, 3, 60);
         const sPoint position(-3, 4);
         walk.setKeyParameter("Cell", "Position", 3, &position);
         const Bytes first = save(walk, "intermediate/walk.asq.xml");
@@ -97,7 +86,7 @@ TEST_F(AnimResourceTest, IsFetchedByALaneOfAnother)
     {
         AnimResource outer;
         outer.addTrack(AnimSequencer::getStaticTypeInfo(), "Inner");
-        addLane(outer, "Inner", "Resource", 0, 4);
+        addKeys(outer, "Inner", "Resource", 0, 4);
         auto* key = static_cast<SequencerUniqueKey<ResourceBase>*>(outer.findKey("Inner", "Resource", 4));
         key->setResource(fetched);
         outer.updateKeyParameter("Inner", "Resource", *key);

@@ -2,9 +2,9 @@
 
 #include "animation/animcell.h"
 #include "animation/animresource.h"
-#include "sequencer/control.h"
 #include "sequencer/sequencerlane.h"
 #include "tests/support/headlesssystems.h"
+#include "tests/support/lanes.h"
 #include "ui/uipainter.h"
 
 #include <gtest/gtest.h>
@@ -16,12 +16,7 @@ protected:
     DrawCurveTest()
     {
         mAnimation.addTrack(AnimCell::getStaticTypeInfo(), "Cell");
-        AnimCell cell;
-        List<ControlBase> controls;
-        cell.makeControlList(controls);
-        mAnimation.addLane("Cell", *controls.begin());
-        for (ControlBase* control : controls)
-            delete control;
+        addLane(mAnimation, "Cell", "Position");
         for (const auto& [frame, point] : {std::pair(0u, sPoint(0, 0)), {10u, {100, 0}}, {20u, {-40, 60}}})
         {
             mAnimation.addKey("Cell", "Position", frame, eInterpolateType::Hermite);

@@ -70,23 +70,17 @@ TEST_F(ListTest, KeepsItsOrderThroughEveryEdit)
     EXPECT_EQ(mList.getIndex(mList.rbegin() + 1), 1u);
 }
 
-TEST_F(ListTest, TurnsTheSenseOfAnInsertionWithTheDirectionOfTheWalk)
+TEST_F(ListTest, InsertsInTheSenseOfTheWalkAndAtItsEndWhateverTheSide)
 {
     fill(3);
     auto one = mList.rbegin() + 1;
     mList.insertFront(one, &mNumbers[7]);
     mList.insertBackFront(one, &mNumbers[8]);
-    EXPECT_EQ(values(), (Values{0, 8, 1, 7, 2}));
-}
-
-TEST_F(ListTest, AddsAtTheEndOfTheWalkWhateverTheSideAskedFor)
-{
-    fill(1);
-    mList.insertFront(mList.end(), &mNumbers[1]);
-    mList.insertBackFront(mList.end(), &mNumbers[2]);
-    mList.insertFront(mList.rend(), &mNumbers[3]);
-    mList.insertBackFront(mList.rend(), &mNumbers[4]);
-    EXPECT_EQ(values(), (Values{4, 3, 0, 1, 2}));
+    mList.insertFront(mList.end(), &mNumbers[11]);
+    mList.insertBackFront(mList.end(), &mNumbers[12]);
+    mList.insertFront(mList.rend(), &mNumbers[13]);
+    mList.insertBackFront(mList.rend(), &mNumbers[14]);
+    EXPECT_EQ(values(), (Values{14, 13, 0, 8, 1, 7, 2, 11, 12}));
 }
 
 // Every place of a full pool: growing moves the nodes while one of them is the place of the insertion.

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdio>
+#include <filesystem>
 #include <string>
 
 #include <sys/wait.h>
@@ -11,33 +13,50 @@ namespace
 {
 struct sEnd
 {
+    std::string output;
     std::string errors;
     int status;
 };
 
-sEnd runHeapProgram(const std::string& arguments)
+sEnd run(const std::string& command)
 {
     const TemporaryDirectory place;
-    const std::string command = HEAP_PROGRAM " " + arguments + " 2>" + place / "errors" + "; exit $?";
-    const int status = std::system(command.c_str());
-    return {place.read("errors"), status};
+    const std::string redirected = command + " >" + place / "output" + " 2>" + place / "errors" + "; exit $?";
+    const int status = std::system(redirected.c_str());
+    return {place.read("output"), place.read("errors"), status};
 }
 }
 
 TEST(HeapProgramTest, KeepsAllItsObjectsInTheGlobalHeapAndEndsWithoutALeak)
 {
-    const sEnd end = runHeapProgram("");
+    const sEnd end = run(HEAP_PROGRAM);
     EXPECT_TRUE(WIFEXITED(end.status) && WEXITSTATUS(end.status) == 0) << end.errors;
     EXPECT_EQ(end.errors.find("leak"), std::string::npos) << end.errors;
 }
 
 TEST(HeapProgramTest, ReportsALeakAtTheVeryEndAndAborts)
 {
-    const sEnd end = runHeapProgram("leak");
+    const sEnd end = run(HEAP_PROGRAM " leak");
     EXPECT_EQ(WEXITSTATUS(end.status), 128 + SIGABRT);
     const std::size_t leak = end.errors.find("Global : leak detected(call no = ");
     ASSERT_NE(leak, std::string::npos) << end.errors;
     EXPECT_NE(end.errors.find(",size = 200).\n", leak), std::string::npos) << end.errors;
     EXPECT_NE(end.errors.find("Memory leak detected.\n", leak), std::string::npos) << end.errors;
     EXPECT_EQ(end.errors.find("Global : leak", leak + 1), std::string::npos) << "only one block leaks";
+}
+
+TEST(FrameProgramTest, AFrameInWhichNothingChangesTakesNothingFromTheHeaps)
+{
+    TemporaryDirectory root;
+    std::filesystem::copy(SAMPLE_DIRECTORY, root / "intermediate", std::filesystem::copy_options::recursive);
+    for (const char* arguments : {" play parade", " gallery"})
+    {
+        unsigned int first = 0;
+        unsigned int later = 1;
+        const sEnd end = run(FRAME_PROGRAM " " + root.getPath() + arguments);
+        EXPECT_EQ(end.status, 0) << end.errors;
+        EXPECT_EQ(std::sscanf(end.output.c_str(), "%u to begin with, %u", &first, &later), 2) << end.output;
+        EXPECT_GT(first, 100u) << arguments;
+        EXPECT_EQ(later, 0u) << arguments;
+    }
 }

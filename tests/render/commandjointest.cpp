@@ -131,63 +131,45 @@ TEST_F(CommandJoinTest, MakesOneDrawOfQuadsLinesTrianglesAndText)
 
 TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)
 {
-    const Record cases[] = {
-        [](DrawContext& context) {
-            addLine(context, {0, 0}, {5, 6});
-        },
-        [](DrawContext& context) {
-            addBox(context, {1, 2, 3, 254});
-        },
-        [this](DrawContext& context) {
-            addGlyph(context, {0, 0}, mOther.get());
-        },
-        [this](DrawContext& context) {
-            addGlyph(context, {0, 0}, mFont.get(), 6, eTextureFiltering::Linear);
-        },
-        [](DrawContext& context)
+    const auto drawCase = [this](DrawContext& context, int number)
+    {
+        switch (number)
         {
-            context.setBlendMode(eBlendMode::Scaled);
-            addBox(context);
-        },
+        case 0: addLine(context, {0, 0}, {5, 6}); return;
+        case 1: addBox(context, {1, 2, 3, 254}); return;
+        case 2: addGlyph(context, {0, 0}, mOther.get()); return;
+        case 3: addGlyph(context, {0, 0}, mFont.get(), 6, eTextureFiltering::Linear); return;
+        case 4: context.setBlendMode(eBlendMode::Scaled); break;
+        case 5: context.setProjectionRect(sRect(0, 0, 100, 100)); break;
+        case 6: context.setRenderTarget(mOther.get()); break;
         // A scaled picture that is cut, and a blend of colours that is.
-        [this](DrawContext& context)
-        {
+        case 7:
             context.setScissorRect(sRect(1, 0, 20, 20));
             addGlyph(context, {0, 0}, mFont.get(), 7);
-        },
-        [](DrawContext& context)
-        {
+            return;
+        case 8:
             context.setScissorRect(sRect(12, 0, 20, 20));
             addBox(context);
             auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Quads, 4));
             for (int i = 0; i < 4; ++i)
                 vertex[i] = {{i % 2 * 20, i / 2 * 20}, {static_cast<unsigned char>(i), 0, 0, 255}};
-        },
-        // A scaled projection.
-        [](DrawContext& context)
-        {
-            context.setProjectionRect(sRect(0, 0, 100, 100));
-            addBox(context);
-        },
-        [this](DrawContext& context)
-        {
-            context.setRenderTarget(mOther.get());
-            addBox(context);
-        },
+            return;
+        }
+        addBox(context);
     };
-    for (const Record& draw : cases)
+    for (int number = 0; number < 9; ++number)
     {
         const std::string list = join(
-            [&draw](DrawContext& context)
+            [&](DrawContext& context)
             {
                 addBox(context);
                 addLine(context, {0, 0}, {0, 5});
                 context.setDrawLevel(1, 0);
-                draw(context);
+                drawCase(context, number);
             });
-        EXPECT_EQ(list.substr(0, 4), "[8] ") << &draw - cases;
-        EXPECT_NE(list, "[8] ") << &draw - cases;
-        EXPECT_EQ(list.find('[', 1), std::string::npos) << &draw - cases << ": " << list;
+        EXPECT_EQ(list.substr(0, 4), "[8] ") << number;
+        EXPECT_NE(list, "[8] ") << number;
+        EXPECT_EQ(list.find('[', 1), std::string::npos) << number << ": " << list;
     }
 }
 

@@ -23,17 +23,3 @@ TEST_F(RenderSystemTest, AnEmptyFrameShowsTheFormerOne)
     EXPECT_EQ(getSwapNum(), 2u);
     EXPECT_EQ(mSystem->getDrawCommandNum(), 0u);
 }
-
-TEST_F(RenderSystemTest, AFrameStartsWithEmptyCommandMemory)
-{
-    const auto* memory = static_cast<const unsigned char*>(mSystem->getCommandMemory());
-    for (unsigned int frame = 0; frame < 2; ++frame)
-    {
-        EXPECT_EQ(mSystem->allocateCommandBuffer(8), memory);
-        DrawContext* context = mSystem->popContext();
-        addQuad(context, sRect(0, 0, 1, 1), sColor::White);
-        mSystem->pushContext(context);
-        EXPECT_EQ(reinterpret_cast<const unsigned char*>(sorted().at(0)), memory + 8) << "the first block is the next";
-        mSystem->preprocess();
-    }
-}

@@ -68,8 +68,7 @@ protected:
     // Into the box of a widget of the property pane.
     void edit(int group, int widget, const char* keys)
     {
-        UIBase* holder = getChild(*mTool->getControlForm(), 2);
-        type(getChild(*getChild(*holder, group), widget)->getAbsPosition() + sPoint(8, 24), keys);
+        type(getChild(*mTool->getControlForm(), 2, group, widget)->getAbsPosition() + sPoint(8, 24), keys);
     }
 
     // What some widgets do without a begin.

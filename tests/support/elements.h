@@ -11,10 +11,15 @@ inline UIBase* makeElement(const sSize& size, unsigned int attribute = 0)
     return element;
 }
 
-template <typename T = UIBase>
-T* getChild(const UIBase& parent, int index)
+// The child of that place, or with further places one below it.
+template <typename T = UIBase, typename... Places>
+T* getChild(const UIBase& parent, int place, Places... below)
 {
-    return static_cast<T*>(*(parent.getChildrenBegin() + index));
+    UIBase* child = *(parent.getChildrenBegin() + place);
+    if constexpr (sizeof...(below) != 0)
+        return getChild<T>(*child, below...);
+    else
+        return static_cast<T*>(child);
 }
 
 // Where the children of an element are, relative to it. What is hidden is nowhere.

@@ -22,14 +22,10 @@ public:
 
     void eventCreate() override { tell("create"), Base::eventCreate(), call(); }
     void eventDestroy() override { tell("destroy"), Base::eventDestroy(), call(); }
-    void eventShow() override { tell("show"); }
-    void eventHide() override { tell("hide"); }
     void eventActive() override { tell("active"), Base::eventActive(); }
     void eventDeactive() override { tell("deactive"), Base::eventDeactive(); }
     void eventFocus() override { tell("focus"), call(); }
     void eventDefocus() override { tell("defocus"); }
-    void eventEnable() override { tell("enable"); }
-    void eventDisable() override { tell("disable"); }
     void eventMouseMove(const sPoint& position) override { tell("move", position), call(); }
     void eventMouseDown(const sPoint& position, unsigned int button) override
     {

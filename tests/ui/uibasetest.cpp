@@ -130,30 +130,3 @@ TEST_F(UIBaseTest, DelegatedMessagesRiseAsTheyAre)
     middle->sendMessage(UIEndEditMessage());
     EXPECT_EQ(take(), "middle.begin root.begin middle.end root.end") << "edits rise by themselves";
 }
-
-TEST_F(UIBaseTest, DragsFromThePressToTheEndOfTheRelease)
-{
-    mRoot.setSize({20, 20});
-    mRoot.setPosition({100, 50});
-    layOut(mRoot);
-    bool draggingInHook = false;
-    mRoot.mHook = [&]
-    {
-        draggingInHook = mRoot.isDragging();
-    };
-
-    mRoot.sendMessage(UIMouseMoveMessage({1, 1}));
-    EXPECT_FALSE(draggingInHook);
-    mRoot.sendMessage(UIMouseDownMessage({5, 6}, 4));
-    EXPECT_EQ(mRoot.getDragBeginPosition(), sPoint(105, 56));
-    EXPECT_EQ(mRoot.getDragButton(), 4u);
-    mRoot.sendMessage(UIMouseMoveMessage({-5, 26}));
-    EXPECT_EQ(mRoot.getDragAmount(), sPoint(-10, 20));
-    mRoot.sendMessage(UIMouseUpMessage({0, 0}, 1));
-    EXPECT_TRUE(draggingInHook);
-    EXPECT_FALSE(mRoot.isDragging());
-
-    mRoot.sendMessage(UIMouseDoubleClickMessage({0, 0}, 1));
-    EXPECT_TRUE(mRoot.isDragging());
-    EXPECT_EQ(mRoot.getDragAmount(), sPoint(-10, 20)) << "the amount of the last drag stays until the first move";
-}

@@ -18,12 +18,6 @@ PropertyBase* share(T (&values)[ElementNum])
     return new ReferenceProperty<T>("Values", values, ElementNum);
 }
 
-// All children of a control are controls.
-UIControl& getChild(const UIBase& control, unsigned int row)
-{
-    return *static_cast<UIControl*>(*(control.getChildrenBegin() + static_cast<int>(row)));
-}
-
 // Each row of the control of element 2 gets its own number.
 template <typename Control, typename T>
 void expectOwnRows(const std::vector<std::string>& names)
@@ -31,10 +25,10 @@ void expectOwnRows(const std::vector<std::string>& names)
     T values[ElementNum] = {};
     T expected[ElementNum] = {};
     const Control control(share(values), false, 2);
-    for (unsigned int row = 0; row < names.size(); ++row)
+    for (int row = 0; row < static_cast<int>(names.size()); ++row)
     {
-        EXPECT_EQ(getChild(control, row).getProperty()->getName(), names[row]);
-        getChild(control, row).getProperty()->setString(std::to_string(row + 1).c_str());
+        EXPECT_EQ(getChild<UIControl>(control, row)->getProperty()->getName(), names[static_cast<unsigned int>(row)]);
+        getChild<UIControl>(control, row)->getProperty()->setString(std::to_string(row + 1).c_str());
     }
     float number = 0.0f;
     const auto expect = [&]<typename Part>(Part& part)
@@ -79,34 +73,35 @@ TEST(UIComponentControlTest, BoxesAndSlidersFillTheFrame)
     EXPECT_EQ(getRegions(sizeControl), (std::vector<sRect>{{24, 16, 92, 32}, {24, 34, 92, 50}}));
 
     UIColorControl colorControl(share(color), false);
-    EXPECT_EQ(getChild(colorControl, 1).getRelRegion(), sRect(152, 34, 184, 50));
-    EXPECT_EQ(getChild(colorControl, 5).getRelRegion(), sRect(20, 38, 148, 46)) << "the whole line can be seen";
+    EXPECT_EQ(getChild<UIControl>(colorControl, 1)->getRelRegion(), sRect(152, 34, 184, 50));
+    EXPECT_EQ(getChild<UIControl>(colorControl, 5)->getRelRegion(), sRect(20, 38, 148, 46))
+        << "the whole line can be seen";
 }
 
 TEST(UIColorControlTest, ASliderSetsItsChannelFromThePressToAnyRelease)
 {
-    constexpr unsigned int Red = 4;
+    constexpr int Red = 4;
     constexpr unsigned int First = UIMouseDownMessage::FirstButton;
     sColorF colors[ElementNum] = {{0.0f, 0.5f, 1.0f, 1.0f}};
     EditListener listener;
     listener.add(new UIColorControl(share(colors), false, 0));
-    UIControl& slider = getChild(**listener.getChildrenBegin(), Red);
+    UIControl* slider = getChild<UIControl>(listener, 0, Red);
 
-    slider.sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
+    slider->sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
     EXPECT_EQ(colors[0], sColorF(sColor(128, 127, 255, 255))) << "the others are rounded too";
     for (const auto& [x, red] : {std::pair(-5, 0.0f), {1, 2.0f}, {400, 255.0f}})
     {
-        slider.sendMessage(UIMouseMoveMessage(sPoint(x, 4)));
+        slider->sendMessage(UIMouseMoveMessage(sPoint(x, 4)));
         EXPECT_EQ(colors[0].r, red / 255.0f) << x;
     }
-    slider.sendMessage(UIMouseUpMessage(sPoint::Zero, 255));
-    slider.sendMessage(UIMouseMoveMessage(sPoint::Zero));
+    slider->sendMessage(UIMouseUpMessage(sPoint::Zero, 255));
+    slider->sendMessage(UIMouseMoveMessage(sPoint::Zero));
     EXPECT_EQ(colors[0].r, 1.0f) << "moved behind the release";
     EXPECT_EQ(listener.mEdits, "()");
 
     sColor fixed[ElementNum] = {};
     const UIColorControl readOnly(share(fixed), true, 0);
-    getChild(readOnly, Red).sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
+    getChild<UIControl>(readOnly, Red)->sendMessage(UIMouseDownMessage(sPoint(64, 4), First));
     EXPECT_EQ(fixed[0].r, 0);
 }
 
@@ -115,9 +110,9 @@ TEST(UIControlArrayTest, ShowsEveryElementInAFrameThatHoldsThem)
     sSize sizes[ElementNum] = {};
     UIControlArray array(share(sizes), true);
     array.setSize({190, 0});
-    const UIBase& holder = **(*array.getChildrenBegin())->getChildrenBegin();
+    const UIBase& holder = *getChild(array, 0, 0);
     ASSERT_EQ(holder.getChildCount(), ElementNum);
-    EXPECT_FALSE(getChild(holder, 3).isEnabled());
-    EXPECT_EQ(getChild(holder, 3).getPosition(), sPoint(82, 62)) << "two in a row";
+    EXPECT_FALSE(getChild<UIControl>(holder, 3)->isEnabled());
+    EXPECT_EQ(getChild<UIControl>(holder, 3)->getPosition(), sPoint(82, 62)) << "two in a row";
     EXPECT_EQ(array.getSize(), sSize(190, 122 + 24));
 }

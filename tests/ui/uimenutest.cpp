@@ -3,7 +3,6 @@
 #include "tests/support/headlessinterface.h"
 #include "ui/uidesktop.h"
 #include "ui/uikeycode.h"
-#include "ui/uimainmenu.h"
 
 #include <gtest/gtest.h>
 
@@ -122,29 +121,4 @@ TEST_F(UIMenuTest, ReturnDecidesOnlyOnceAndOnlyWhatIsEnabled)
     mInterface.mSystem->getDesktop()->setMenu(nullptr);
     EXPECT_EQ(mInterface.mSystem->getMenu(), nullptr) << "it dies while it is open";
     mInterface.runFrames(2);
-}
-
-TEST(UIMainMenuTest, LaysItsEntriesOutAndSwitchesBetweenTheirMenus)
-{
-    HeadlessInterface interface;
-    UIMainMenu bar;
-    bar.setSize({1024, 16});
-    UIMenu* file = new UIMenu;
-    UIMenu* edit = new UIMenu;
-    bar.addItem("File", file);
-    bar.addItem("Edit", edit);
-    bar.initialize();
-    EXPECT_EQ(bar.getItems()[1]->getRegion(), sRect(40, 0, 80, 16));
-    EXPECT_EQ(bar.getMenuIndex(sPoint(50, 8)), 1);
-    EXPECT_EQ(bar.getMenuIndex(sPoint(90, 8)), -1);
-
-    bar.sendMessage(UIMouseDownMessage(sPoint(10, 8), 1));
-    EXPECT_EQ(interface.mSystem->getMenu(), file);
-    bar.sendMessage(UIMouseDownMessage(sPoint(50, 8), 2));
-    EXPECT_EQ(interface.mSystem->getMenu(), file) << "only the first button";
-    bar.sendMessage(UIMouseMoveMessage(sPoint(50, 8)));
-    bar.sendMessage(UIKeyDownMessage(UIKeyCode::Return, 0));
-    EXPECT_EQ(interface.mSystem->getMenu(), edit);
-    EXPECT_EQ(edit->getPosition(), sPoint(40, 16));
-    EXPECT_EQ(bar.getSubMenu(), edit);
 }

@@ -133,41 +133,6 @@ TEST_F(UIPickDialogTest, ListsBelowTheRootsWhatTheFilterWants)
     }
 }
 
-TEST_F(UIPickDialogTest, AnswersByNameAndWarning)
-{
-    const struct
-    {
-        const char* name;
-        void (UIDialog::*choose)(); // in the question, if it comes
-        int answer;
-        const char* path;
-    } rows[] = {
-        {"", nullptr, UIDialog::Cancel, nullptr},
-        {"b", nullptr, UIDialog::Ok, "intermediate/b.tga"},
-        {"new.bmp", nullptr, UIDialog::Ok, "intermediate/new.bmp"},
-        {"walk.2", nullptr, UIDialog::Ok, nullptr},
-        {"b.tga", &UIDialog::eventYes, UIDialog::Ok, "intermediate/b.tga"},
-        {"b.tga", &UIDialog::eventNo, UIDialog::Cancel, "intermediate/b.tga"},
-        {"b.tga", &UIDialog::eventCancel, NoAnswer, nullptr},
-    };
-    write("b.tga");
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.name);
-        UIFileDialog* dialog = openFiles(true);
-        mRead = [&]
-        {
-            EXPECT_STREQ(Utils::getPath(dialog->getFullPath().c_str()), row.path);
-        };
-        answer(row.name);
-        mInterface.runFrame();
-        if (row.choose)
-            (static_cast<UIDialog*>(mInterface.mSystem->getWindowList()[0])->*row.choose)();
-        EXPECT_EQ(mAnswer, row.answer);
-        mInterface.runFrame();
-    }
-}
-
 TEST_F(UIPickDialogTest, AnswersWithTheNameThatItAskedAbout)
 {
     for (const char* name : {"b.tga", "c.tga"})

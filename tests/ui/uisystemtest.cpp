@@ -1,6 +1,5 @@
 #include "ui/uisystem.h"
 
-#include "foundation/functor.h"
 #include "foundation/jobsystem.h"
 #include "render/rendersystem.h"
 #include "tests/support/headlessinterface.h"
@@ -238,29 +237,17 @@ TEST_F(UISystemTest, CallsTheShortcutOfTheWindowUnderThePointerOnceForAKey)
     EXPECT_EQ(getWindowNum(), 1u);
 }
 
-class UISystemMenuTest : public UISystemTest
+TEST_F(UISystemTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMenusOfOthers)
 {
-protected:
-    void choose() { ++mChosen; }
-
-    // A window of 100 by 100 with a menu of one item that counts.
-    ProbeWindow* addMenuWindow(const char* name, const sPoint& position, unsigned int attribute = 0)
+    const auto addMenuWindow = [this](const char* name, const sPoint& position, unsigned int attribute)
     {
         ProbeWindow* window = addWindow(name, position, attribute);
         window->setMenu(new UIMenu);
-        window->getMenu()->addItem("One", new Functor<UISystemMenuTest, void, void>(this, &UISystemMenuTest::choose));
+        window->getMenu()->addItem("One", nullptr, nullptr, UIMenu::eItemAttribute::Check);
         settle();
         return window;
-    }
-
-    void clickItem() { click(mSystem.getMenu()->getPosition() + sPoint(20, 8)); }
-
-    int mChosen = 0;
-};
-
-TEST_F(UISystemMenuTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMenusOfOthers)
-{
-    ProbeWindow* window = addMenuWindow("w", {0, 0});
+    };
+    ProbeWindow* window = addMenuWindow("w", {0, 0}, 0);
     click({1, 50}, 2);
     click(mSystem.getMenu()->getPosition() + sPoint(2, 2), 4);
     EXPECT_EQ(mSystem.getFocus(), window->getMenu());
@@ -269,8 +256,8 @@ TEST_F(UISystemMenuTest, PressesReachAnOpenMenuAboveAModalWindowWhichClosesTheMe
     EXPECT_EQ(mSystem.getFocus(), modal);
 
     click({301, 310}, 2);
-    clickItem();
-    EXPECT_EQ(mChosen, 1);
+    click(mSystem.getMenu()->getPosition() + sPoint(20, 8));
+    EXPECT_TRUE(modal->getMenu()->isItemChecked("One"));
     click({301, 310}, 2);
     modal->close();
     mInterface.runFrame();
