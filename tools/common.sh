@@ -63,8 +63,9 @@ start_display()
 {
     local answer
     answer=$(mktemp)
+    # It stays as it is when a program leaves it, or the next one could come while it starts anew.
     # A file and no pipe: the server would hold a pipe's writing end open for ever.
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> "$answer" 2> /dev/null &
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3> "$answer" 2> /dev/null &
     display_server=$!
     trap 'kill "$display_server" 2> /dev/null || true' EXIT
     local tries=0
