@@ -81,10 +81,13 @@ const char* UIControl::getLabel(char* buffer) const
     return buffer;
 }
 
+// A document may have given the name, and with its length the width.
 void UIControl::paintName(UIPainter* painter, const sRect& rect) const
 {
     char buffer[ValueTextSize];
-    painter->drawString(rect, requireLabel(buffer), UIPainter::getColors().mFontColor,
+    const int widest = UIPainter::MaximumFit * static_cast<int>(UIPainter::getFontSize().width);
+    const sRect line(rect.left, rect.top, std::min(rect.right, rect.left + widest), rect.bottom);
+    painter->drawString(line, requireLabel(buffer), UIPainter::getColors().mFontColor,
                         UIPainter::eAlignment::LeftMiddle);
 }
 

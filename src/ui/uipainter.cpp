@@ -13,7 +13,6 @@ namespace
 {
 constexpr int FontWidth = ToolSystem::FontWidth;
 constexpr int FontHeight = ToolSystem::FontHeight;
-constexpr int TextBufferSize = 256;
 
 // Between the edge of a group and its caption, and on both sides of the caption.
 constexpr int CaptionIndent = 6;
@@ -78,6 +77,11 @@ sSize UIPainter::getFontSize()
 int UIPainter::getTextWidth(const char* text)
 {
     return text ? static_cast<int>(std::strlen(text)) * FontWidth : 0;
+}
+
+bool UIPainter::hasRoom() const
+{
+    return mContext->hasRoom();
 }
 
 void UIPainter::setPriority(unsigned int priority)
@@ -199,7 +203,8 @@ void UIPainter::drawGroup(const sRect& rect, const char* caption, sColor color)
     drawConcaveLine({box.left, box.bottom - 1}, {box.right, box.bottom - 1});
     if (caption)
     {
-        label.right = std::min(label.left + getTextWidth(caption), rect.right - CaptionIndent);
+        const int widest = label.left + MaximumFit * FontWidth;
+        label.right = std::min({label.left + getTextWidth(caption), rect.right - CaptionIndent, widest});
         drawConcaveLine({box.left, box.top}, {label.left - CaptionGap, box.top});
         drawConcaveLine({label.right + CaptionGap, box.top}, {box.right + 1, box.top});
     }
@@ -216,8 +221,12 @@ void UIPainter::drawGroup(const sRect& rect, const AutoString& caption, sColor c
 
 void UIPainter::drawString(const sPoint& point, const char* text, sColor color)
 {
-    if (text && *text)
-        drawGlyphs(point + mOrigin, text, color, sRect::Max);
+    if (!text || !*text)
+        return;
+    // Nothing is seen of a character that begins behind the region.
+    sRect clip = sRect::Max;
+    clip.right = mContext->getState().scissor.right + FontWidth;
+    drawGlyphs(point + mOrigin, text, color, clip);
 }
 
 void UIPainter::drawString(const sPoint& point, const AutoString& text, sColor color)
@@ -235,11 +244,11 @@ void UIPainter::drawString(const sRect& rect, const char* text, sColor color, eA
     const std::size_t length = std::strlen(text);
     // One partly visible character counts.
     const std::size_t visible = std::min(length, static_cast<std::size_t>(width + FontWidth - 1) / FontWidth);
-    if (visible >= TextBufferSize - 1)
+    if (visible > MaximumFit)
         dev_assert("Too long string.", __FILE__, __LINE__);
 
     const eSide side = getHorizontal(alignment);
-    char buffer[TextBufferSize];
+    char buffer[MaximumFit + 1];
     if (visible < length)
     {
         std::memcpy(buffer, text + getHidden(side, length, visible), visible);

@@ -37,6 +37,9 @@ public:
         RightBottom,
     };
 
+    // So many characters at most can be asked to fit into a rectangle.
+    static constexpr int MaximumFit = 254;
+
     // The context outlives the painter.
     UIPainter(DrawContext* context, unsigned int priority);
 
@@ -51,6 +54,10 @@ public:
 
     // The width of a text in pixels; 0 for null.
     static int getTextWidth(const char* text);
+
+    // Elements that draw one piece for each that a document holds ask before each of them, and stop when there is no
+    // room: the memory of a frame is limited, and what lies in front of them needs some as well.
+    bool hasRoom() const;
 
     void setPriority(unsigned int priority);
     void increasePriority() { setPriority(mPriority + 1); }
@@ -85,7 +92,7 @@ public:
     void drawConcaveRect(const sRect& rect);
     void drawConcaveLine(const sPoint& a, const sPoint& b);
 
-    // An engraved box with the caption in its top edge; null has no caption and no gap.
+    // An engraved box with what fits of the caption in its top edge; null has no caption and no gap.
     void drawGroup(const sRect& rect, const char* caption, sColor color);
     void drawGroup(const sRect& rect, const AutoString& caption, sColor color);
 
@@ -93,8 +100,7 @@ public:
     void drawString(const sPoint& point, const char* text, sColor color);
     void drawString(const sPoint& point, const AutoString& text, sColor color);
 
-    // Draws what of the text fits, its beginning, middle or end by the alignment, and no pixel outside `rect`. At
-    // most 254 characters can be asked to fit.
+    // Draws what of the text fits, its beginning, middle or end by the alignment, and no pixel outside `rect`.
     void drawString(const sRect& rect, const char* text, sColor color, eAlignment alignment);
     void drawString(const sRect& rect, const AutoString& text, sColor color, eAlignment alignment);
 

@@ -14,9 +14,6 @@ namespace
 constexpr sSize MinimumSize{16, 16};
 constexpr int TextLeft = 2;
 
-// What one drawing of a text takes.
-constexpr int MaximumDrawn = 254;
-
 int getFontWidth()
 {
     return static_cast<int>(UIPainter::getFontSize().width);
@@ -220,7 +217,7 @@ void UITextControl::scrollToCursor()
 void UITextControl::paintText(UIPainter* painter, const char* text) const
 {
     const int length = text ? static_cast<int>(std::strlen(text)) : 0;
-    const int end = std::min(length, mFirstVisible + std::min(getVisibleNum() + 1, MaximumDrawn));
+    const int end = std::min(length, mFirstVisible + std::min(getVisibleNum() + 1, UIPainter::MaximumFit));
     const int selectionStart = std::clamp(mSelectionStart, mFirstVisible, end);
     const int selectionEnd = std::clamp(mSelectionEnd, mFirstVisible, end);
     paintPiece(painter, text, mFirstVisible, selectionStart, false);

@@ -300,3 +300,21 @@ TEST_F(SequencerToolCommands, RefuseAResourceThatPlaysTheSequenceItself)
     EXPECT_EQ(key->getResource(), other.get());
     EXPECT_EQ(traces.take(), "Sequence plays itself.\n");
 }
+
+TEST_F(SequencerToolCommands, ShowALaneOfAnyNameWithItsKey)
+{
+    const std::string name(100000, 'x');
+    sPoint point;
+    bool flag;
+    for (PropertyBase* property : {static_cast<PropertyBase*>(new ReferenceProperty(name.c_str(), &point)),
+                                   static_cast<PropertyBase*>(new ReferenceProperty(name.c_str() + 1, &flag))})
+    {
+        const PropertyControl control(property);
+        mSequence->addLane("T", &control);
+        mSequence->addKey("T", control.getName(), 0, eInterpolateType::Linear);
+        run();
+        lane(control.getName());
+        run();
+        EXPECT_NE(mTool->getSelectKey(), nullptr);
+    }
+}
