@@ -147,10 +147,11 @@ void AnimationView::paintMarkings(UIPainter* painter) const
 {
     const AnimSequencer& sequencer = *getTool().getAnimSequencer();
     const AnimResource* resource = getTool().getAnimResource();
-    for (unsigned int i = 0; i < sequencer.getTrackNum(); ++i)
+    const unsigned int selected = getTool().getSelectTrackIndex();
+    for (unsigned int i = 0; i < sequencer.getTrackNum() && painter->hasRoom(); ++i)
     {
         const ObjectBase* object = sequencer.getTrackArray()[i].object;
-        const bool isSelected = i == getTool().getSelectTrackIndex();
+        const bool isSelected = i == selected;
         const sColor color = isSelected ? sColor::Red : sColor::Yellow;
         if (isSelected && resource && hasFlag(CurveOn))
             drawCurve(*painter, *resource, i, getTool().getCurrentFrame());

@@ -68,7 +68,7 @@ void drawAnimation(UIPainter& painter, const AnimSequencer& animation, const sMa
     if (texture)
         bindTexture(painter, texture);
 
-    for (unsigned int i = 0; i < animation.getTrackNum(); ++i)
+    for (unsigned int i = 0; i < animation.getTrackNum() && painter.hasRoom(); ++i)
     {
         const ObjectBase* object = animation.getTrackArray()[i].object;
         if (!object)

@@ -62,7 +62,7 @@ void drawCurve(UIPainter& painter, const SequencerResourceIntermediate& resource
     if (!lane)
         return;
     const ObjectList& keys = lane->getKeyList();
-    for (ObjectList::Iterator key = keys.begin(); key != keys.end(); ++key)
+    for (ObjectList::Iterator key = keys.begin(); key != keys.end() && painter.hasRoom(); ++key)
     {
         const ObjectList::Iterator following = key + 1;
         const SequencerKey* next = following != keys.end() ? &toKey(*following) : nullptr;

@@ -147,7 +147,7 @@ void TextureView::eventPaint(UIPainter* painter)
     paintGrid(painter);
 
     const AnimSequencer* sequencer = getTool().getAnimSequencer();
-    for (unsigned int i = 0; sequencer && i < sequencer->getTrackNum(); ++i)
+    for (unsigned int i = 0; sequencer && i < sequencer->getTrackNum() && painter->hasRoom(); ++i)
     {
         if (const AnimCell* cell = toCell(sequencer->getTrackArray()[i].object))
             painter->drawFrame(getTextureRect(*cell), sColor::Red);

@@ -163,6 +163,11 @@ void DrawContext::flushVertices()
     mDirty = false;
 }
 
+bool DrawContext::hasRoom() const
+{
+    return mSystem.isHalfFree();
+}
+
 void DrawContext::init()
 {
     mVertexAllocator.clear();

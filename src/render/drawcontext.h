@@ -98,6 +98,9 @@ public:
     // Commands that the system does not know of yet.
     unsigned int getPendingEntryNum() const { return mEntryNum; }
 
+    // Whether a caller that draws as much as a document holds may go on. Half of the frame is for all others.
+    bool hasRoom() const;
+
     // Called by RenderSystem only: at the start of a frame, at each popContext(), and at the end of the recording.
     void init();
     void setup();

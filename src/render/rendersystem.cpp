@@ -121,6 +121,12 @@ unsigned int RenderSystem::getFreeEighths() const
     return std::min(freeEntryNum / (EntryNum / 8), freeSize / (CommandBufferSize / 8));
 }
 
+bool RenderSystem::isHalfFree() const
+{
+    return static_cast<unsigned int>(mEntryNum.get()) < EntryNum / 2 &&
+           mCommandBuffer.getUsedSize() < CommandBufferSize / 2;
+}
+
 void RenderSystem::registTexture(Texture* texture)
 {
     const SystemLock lock(*this);

@@ -56,6 +56,9 @@ public:
     // thread, while no other thread records.
     unsigned int getFreeEighths() const;
 
+    // Whether less than half of both has been taken. Any thread; what contexts still hold back does not count.
+    bool isHalfFree() const;
+
     // Takes over a texture that has just been made; any thread may call it.
     void registTexture(Texture* texture);
 

@@ -83,7 +83,7 @@ private:
             {
                 const int x = getX(element);
                 const sColor color = &element == selected ? sColor::Green : sColor::Black;
-                if (x >= 0 && x < width)
+                if (x >= 0 && x < width && painter->hasRoom())
                     painter->drawLine(sPoint(x, 0), sPoint(x, height), color);
             });
     }

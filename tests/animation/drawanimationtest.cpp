@@ -133,3 +133,15 @@ TEST_F(DrawAnimationTest, CarriesTransformAndTextureOfEachAnimation)
     EXPECT_EQ(draw().size(), 1u) << "a sequence without a texture has no cells to show";
     nested.setResource(nullptr);
 }
+
+TEST_F(DrawAnimationTest, MoreCellsThanTheFrameHoldsAreLeftOut)
+{
+    mSystems.record(
+        [&](DrawContext& context)
+        {
+            UIPainter painter(&context, 7);
+            for (unsigned int i = 0; i < 30000; ++i)
+                drawAnimation(painter, mSequencer, sMatrix::Identity, sColor::White);
+            EXPECT_FALSE(painter.hasRoom());
+        });
+}
