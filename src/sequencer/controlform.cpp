@@ -1,9 +1,8 @@
 #include "sequencer/controlform.h"
 
 #include "foundation/dev.h"
-#include "sequencer/sequencerlane.h"
+#include "sequencer/sequencecycle.h"
 #include "sequencer/sequencerresourceintermediate.h"
-#include "sequencer/sequencertrack.h"
 #include "sequencer/sequenceruniquekey.h"
 #include "ui/uigroup.h"
 
@@ -24,32 +23,6 @@ void addEditors(UIGroup& group, ObjectBase* object)
     object->makeUIList(editors);
     for (UIBase* editor : editors)
         group.add(editor);
-}
-
-template <typename Visitor>
-void forEachResource(const SequencerResourceIntermediate& sequence, Visitor&& visitor)
-{
-    for (ObjectBase* track : sequence.getTrackList())
-        for (ObjectBase* lane : static_cast<SequencerTrack*>(track)->getLaneList())
-            for (ObjectBase* key : static_cast<SequencerLane*>(lane)->getKeyList())
-                if (const ResourceKey* resourceKey = key->cast<ResourceKey>())
-                    visitor(resourceKey->getResource());
-}
-
-// Whether playing the resource comes to the sequence, through however many keys. `visited` keeps the walk from going
-// one way twice.
-bool leadsTo(ResourceBase* resource, const SequencerResourceIntermediate& sequence,
-             List<SequencerResourceIntermediate>& visited)
-{
-    SequencerResourceIntermediate* step = resource ? resource->cast<SequencerResourceIntermediate>() : nullptr;
-    if (!step || visited.find(step) != visited.end())
-        return false;
-    if (step == &sequence)
-        return true;
-    visited.addLast(step);
-    bool found = false;
-    forEachResource(*step, [&](ResourceBase* next) { found = found || leadsTo(next, sequence, visited); });
-    return found;
 }
 }
 
@@ -209,8 +182,7 @@ void SequencerTool::ControlForm::refuseCycle()
 {
     ResourceKey* key = mpKey->cast<ResourceKey>();
     const SequencerResourceIntermediate* sequence = mpTool->getSequence();
-    List<SequencerResourceIntermediate> visited;
-    if (!key || !sequence || !leadsTo(key->getResource(), *sequence, visited))
+    if (!key || !sequence || !leadsTo(key->getResource(), *sequence))
         return;
     DEV_TRACE("Sequence plays itself.\n");
     key->setResource(mKeyCopy.resource);

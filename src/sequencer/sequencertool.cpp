@@ -5,6 +5,7 @@
 #include "io/xmlreader.h"
 #include "reflection/property.h"
 #include "sequencer/controlform.h"
+#include "sequencer/sequencecycle.h"
 #include "sequencer/sequencer.h"
 #include "sequencer/sequencerlane.h"
 #include "sequencer/sequencermarker.h"
@@ -212,6 +213,11 @@ unsigned int SequencerTool::getSelectTrackIndex() const
 bool SequencerTool::isManagedResourceModified() const
 {
     return mRenamed || ToolBase::isManagedResourceModified();
+}
+
+bool SequencerTool::isManagedResourceMadeOf(const ResourceBase& other) const
+{
+    return leadsTo(mpResource, other);
 }
 
 void SequencerTool::eventCreate()

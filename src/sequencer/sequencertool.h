@@ -155,6 +155,7 @@ public:
     void stepSelection(bool forward);
 
     bool isManagedResourceModified() const override;
+    bool isManagedResourceMadeOf(const ResourceBase& other) const override;
     const UIShortcutBase* findShortcut(unsigned int keyCode, unsigned int combinationKey) const override;
     void eventCreate() override;
     void update(float deltaTime) override;

@@ -294,15 +294,16 @@ bool ToolBase::saveTarget() const
 }
 
 // Puts the document of a resource into a file, of which another resource may be the content in memory: that one reads
-// the file again. If it has changes or a window of its own, nothing is written, since it would write over this later.
-bool ToolBase::writeDocument(ResourceBase& resource, const AutoString& fullPath)
+// the file again. If it has changes or a window of its own, nothing is written, since it would write over this later;
+// nor if it is part of what is written, which would then contain itself.
+bool ToolBase::writeDocument(ResourceBase& resource, const AutoString& fullPath) const
 {
     ResourceSystem* system = ResourceSystem::getInstance();
     const ResourceHold holder(system->findResource(Utils::getPath(fullPath.c_str())));
     const bool isForeign = holder && holder.get() != &resource;
-    if (isForeign && (holder->isModified() || isEdited(*holder)))
+    if (isForeign && (holder->isModified() || isEdited(*holder) || isManagedResourceMadeOf(*holder)))
     {
-        DEV_TRACE("ToolBase : \"%s\" is being edited elsewhere.\n", fullPath.c_str());
+        DEV_TRACE("ToolBase : \"%s\" is in use.\n", fullPath.c_str());
         return false;
     }
     return DocumentWriter::write(&resource, false, fullPath.c_str(), DocumentWriter::ePrevious::Keep) &&

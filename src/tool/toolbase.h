@@ -39,6 +39,9 @@ public:
     // not know of.
     virtual bool isManagedResourceModified() const;
 
+    // Whether the managed resource contains `other`, however deep. It is not saved over what it contains.
+    virtual bool isManagedResourceMadeOf(const ResourceBase& /*other*/) const { return false; }
+
     // Until the answer has arrived.
     bool hasOpenDialog() const { return mDialogOpen; }
 
@@ -112,7 +115,7 @@ private:
     void saveAndClose();
     void saveAndSwitch();
     [[nodiscard]] bool saveTarget() const;
-    [[nodiscard]] static bool writeDocument(ResourceBase& resource, const AutoString& fullPath);
+    [[nodiscard]] bool writeDocument(ResourceBase& resource, const AutoString& fullPath) const;
 
     const char* mResourceName = nullptr;
     const TypeInfo* mpResourceType = nullptr;

@@ -1,6 +1,10 @@
 #include "tool/toolbase.h"
 
+#include "reflection/resourceproperty.h"
 #include "resource/resourcesystem.h"
+#include "sequencer/control.h"
+#include "sequencer/sequencertool.h"
+#include "sequencer/sequenceruniquekey.h"
 #include "tests/support/toolstage.h"
 #include "tests/support/tracecapture.h"
 
@@ -218,4 +222,35 @@ TEST(ToolBaseTest, ASaveThatFailsLosesNoWork)
     EXPECT_EQ(stage.getDialogTitle(), Warning);
     EXPECT_TRUE(tool->isManagedResourceModified());
 }
+}
+
+TEST(ToolBaseTest, ASequenceIsNotSavedOverOneThatItPlays)
+{
+    ToolStage stage;
+    stage.write("intermediate/walk.seq.xml", Old);
+    const auto make = [](const char* name)
+    {
+        return Held<SequencerResourceIntermediate>(
+            ResourceSystem::getInstance()->createResource<SequencerResourceIntermediate>(name));
+    };
+    const Held<SequencerResourceIntermediate> inner = make("walk");
+    const Held<SequencerResourceIntermediate> outer = make(nullptr);
+    Sequencer sequencer;
+    const PropertyControl control(
+        new IndirectResourceProperty("Resource", &sequencer, &Sequencer::getResource, &Sequencer::setResource));
+    outer->addTrack(Sequencer::getStaticTypeInfo(), "T");
+    outer->addLane("T", &control);
+    outer->addKey("T", "Resource", 0, eInterpolateType::Trigger);
+    static_cast<SequencerUniqueKey<ResourceBase>*>(outer->findKey("T", "Resource", 0))->setResource(inner.get());
+
+    auto* tool = stage.add(new SequencerTool(outer.get()));
+    stage.runFrame();
+    tool->saveAs();
+    stage.runFrame();
+    stage.pick(Intermediate, "", "walk");
+    stage.answer(Yes);
+    EXPECT_EQ(stage.read("intermediate/walk.seq.xml"), Old);
+    EXPECT_EQ(tool->getResource(), outer.get());
+    EXPECT_TRUE(tool->isManagedResourceModified());
+    stage.mSystem->removeAllWindow();
 }
