@@ -62,6 +62,12 @@ void AnimCanvas::eventMouseMove(const sPoint& position)
         drag(kind, position);
 }
 
+// Two quick presses are two drags; the second one must not go on from where the first began.
+void AnimCanvas::eventMouseDoubleClick(const sPoint& position, unsigned int button)
+{
+    eventMouseDown(position, button);
+}
+
 void AnimCanvas::paintBackground(UIPainter* painter) const
 {
     painter->drawRect(getOwnRegion(), mBackground);

@@ -31,6 +31,7 @@ public:
     void eventDefocus() override;
     void eventMouseDown(const sPoint& position, unsigned int button) override;
     void eventMouseMove(const sPoint& position) override;
+    void eventMouseDoubleClick(const sPoint& position, unsigned int button) override;
 
 protected:
     // The number of the drag that scrolls is the class's own. Tool and form outlive the view.
