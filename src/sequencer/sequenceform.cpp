@@ -50,9 +50,14 @@ void SequencerTool::SequenceForm::eventPaint(UIPainter* painter)
     const SequencerTool& tool = getTrackForm()->getTool();
     const int scroll = getTrackForm()->getScrollBarPosition().x;
     paintScale(painter, scroll);
-    paintLimit(painter, static_cast<int>(tool.getStartFrame()) - scroll, "S");
-    paintLimit(painter, static_cast<int>(tool.getEndFrame()) - scroll, "E");
-    paintFrameLine(painter, static_cast<int>(tool.getCurrentFrame()) - scroll);
+    // The limits are what a document says they are, and may wrap.
+    const auto toX = [scroll](unsigned int frame)
+    {
+        return static_cast<int>(frame - static_cast<unsigned int>(scroll));
+    };
+    paintLimit(painter, toX(tool.getStartFrame()), "S");
+    paintLimit(painter, toX(tool.getEndFrame()), "E");
+    paintFrameLine(painter, toX(tool.getCurrentFrame()));
 }
 
 void SequencerTool::SequenceForm::eventMouseMove(const sPoint& position)
