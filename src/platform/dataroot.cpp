@@ -78,10 +78,14 @@ std::string findDataRoot(const sDataPlaces& places)
     return makeSubdirectories(places.userData) ? places.userData : std::string();
 }
 
+// In full, since the path of a new resource tells by its beginning that it has no file yet: below a relative "native"
+// it would seem to have one.
 sDataPlaces getDataPlaces(const char* forced)
 {
     sDataPlaces places;
-    places.forced = forced;
+    std::error_code error;
+    if (*forced)
+        places.forced = fs::absolute(forced, error).string();
     places.program = getProgramDirectory();
     places.userData = getUserData();
     if (!places.program.empty())

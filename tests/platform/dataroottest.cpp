@@ -52,9 +52,11 @@ TEST_F(DataRootTest, TheUsersDirectoryIsFilledOnce)
     EXPECT_FALSE(exists("home/data/intermediate/cats/walk.asq.xml")) << "what the user deleted stays deleted";
 }
 
-TEST_F(DataRootTest, ThereIsNoneWhereNothingCanBeMade)
+TEST_F(DataRootTest, ThereIsNoneWhereNothingCanBeMadeAndNoneIsRelative)
 {
     mPlaces.forced = mBase.write("file", "in the way");
     EXPECT_EQ(findDataRoot(mPlaces), "");
     EXPECT_EQ(findDataRoot({}), "");
+    EXPECT_EQ(getDataPlaces("").forced, "");
+    EXPECT_EQ(getDataPlaces("native").forced, fs::absolute("native"));
 }
