@@ -134,13 +134,16 @@ void AnimationView::eventPaint(UIPainter* painter)
         return;
     drawAnimation(*painter, *sequencer, sMatrix::Identity, sColor::White);
     painter->setBlendMode(UIPainter::eBlendMode::Opaque);
-    paintGrid(painter);
     if (hasFlag(GridOn))
-    {
-        painter->drawLine(sPoint(AnimationOrigin, 0), sPoint(AnimationOrigin, CanvasSize), sColor::White);
-        painter->drawLine(sPoint(0, AnimationOrigin), sPoint(CanvasSize, AnimationOrigin), sColor::White);
-    }
+        drawGrid(painter);
     paintMarkings(painter);
+}
+
+void AnimationView::drawGrid(UIPainter* painter) const
+{
+    AnimCanvas::drawGrid(painter);
+    painter->drawLine(sPoint(AnimationOrigin, 0), sPoint(AnimationOrigin, CanvasSize), sColor::White);
+    painter->drawLine(sPoint(0, AnimationOrigin), sPoint(CanvasSize, AnimationOrigin), sColor::White);
 }
 
 void AnimationView::paintMarkings(UIPainter* painter) const

@@ -53,5 +53,7 @@ private:
     unsigned int beginDrag(const sPoint& position, sPoint& origin) const override;
     void drag(unsigned int kind, const sPoint& position) override;
 
+    // With the axes in white.
+    void drawGrid(UIPainter* painter) const;
     void paintMarkings(UIPainter* painter) const;
 };

@@ -73,10 +73,8 @@ void AnimCanvas::paintBackground(UIPainter* painter) const
     painter->drawRect(getOwnRegion(), mBackground);
 }
 
-void AnimCanvas::paintGrid(UIPainter* painter) const
+void AnimCanvas::drawGrid(UIPainter* painter) const
 {
-    if (!hasFlag(GridOn))
-        return;
     const int width = static_cast<int>(getSize().width);
     const int height = static_cast<int>(getSize().height);
     for (int x = 0; x < width; x += GridSize)

@@ -52,8 +52,8 @@ protected:
 
     void paintBackground(UIPainter* painter) const;
 
-    // If it is on: dark lines over the whole view.
-    void paintGrid(UIPainter* painter) const;
+    // Dark lines over the whole view.
+    void drawGrid(UIPainter* painter) const;
 
 private:
     const AnimTool* mTool;

@@ -144,7 +144,8 @@ void TextureView::eventPaint(UIPainter* painter)
                           sTexcoord(static_cast<int>(getSize().width), static_cast<int>(getSize().height)));
         painter->setBlendMode(UIPainter::eBlendMode::Opaque);
     }
-    paintGrid(painter);
+    if (hasFlag(GridOn))
+        drawGrid(painter);
 
     const AnimSequencer* sequencer = getTool().getAnimSequencer();
     for (unsigned int i = 0; sequencer && i < sequencer->getTrackNum() && painter->hasRoom(); ++i)
