@@ -70,6 +70,14 @@ TEST_F(ProgramTest, RefusesWhatItCannotDoInOneLine)
     expectRefused("--root /proc/none --headless", "there is no directory for the data: /proc/none");
 }
 
+TEST_F(ProgramTest, RefusesToRunWhereNobodySeesIt)
+{
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+    EXPECT_EQ(run("--frames 20 --root " + mRoot.getPath()), 2);
+    EXPECT_NE(mErrors.find("there is no desktop"), std::string::npos) << mErrors;
+}
+
 TEST_F(ProgramTest, PlaysSoManyFramesAndSavesItsState)
 {
     const std::string animation = write("empty.asq.xml", EmptyAnimation);

@@ -3,6 +3,7 @@
 #include "platform/posix.h"
 
 #include <cstdio>
+#include <string_view>
 
 #include <SDL.h>
 
@@ -50,6 +51,12 @@ unsigned int getButton(unsigned int sdlButton)
     }
     return 0;
 }
+
+// Without a desktop SDL falls back on drivers whose windows nobody ever sees.
+bool isInvisible(std::string_view driver)
+{
+    return driver == "offscreen" || driver == "dummy";
+}
 }
 
 SDLPlatform* SDLPlatform::create()
@@ -60,6 +67,11 @@ SDLPlatform* SDLPlatform::create()
     if (SDL_Init(SDL_INIT_VIDEO) != 0)
     {
         report("SDL_Init");
+        return nullptr;
+    }
+    if (isInvisible(SDL_GetCurrentVideoDriver()))
+    {
+        SDL_Quit();
         return nullptr;
     }
     return new SDLPlatform;
