@@ -2,8 +2,15 @@
 #include "benchmarks/sequencer/sequencefile.h"
 #include "benchmarks/worker.h"
 
+#include <cstdlib>
 #include <memory>
 #include <utility>
+
+#if __has_include(<pugixml.hpp>)
+#define PUGIXML_NO_EXCEPTIONS
+#include <pugixml.hpp>
+#define HAS_PUGIXML
+#endif
 
 namespace
 {
@@ -27,6 +34,27 @@ bench::Candidates makeFrames(Row editor, Row plain)
     return hold(file, makeWorkers(file->getRoot(), eDriver::Null, {editor, plain}));
 }
 
+bench::Candidates makeOpening()
+{
+    const auto file = std::make_shared<SequenceFile>();
+    bench::Candidates candidates =
+        hold(file, makeWorkers(file->getRoot(), eDriver::Null, {{"ResourceSystem", "editor", "open"}}));
+#ifdef HAS_PUGIXML
+    const auto parse = [file]
+    {
+        pugi::xml_document tree;
+        if (!tree.load_file(file->getPath(), pugi::parse_minimal))
+            abort();
+        bench::keep(tree);
+    };
+    candidates.push_back({"pugixml, parse alone", [parse]
+                          {
+                              return bench::measure(parse);
+                          }});
+#endif
+    return candidates;
+}
+
 // Per element: the rows of tracks and lanes in both columns of the timeline, seen or not, and the boxes of the tracks'
 // names. Beside it are as many plain elements, as many of them seen.
 const bench::Goal
@@ -39,4 +67,5 @@ const bench::Goal extracted(
     [] {
         return makeFrames({"AnimTool", "editor", "editor extracted"}, {"plain elements", "editor", "plain extracted"});
     });
+const bench::Goal opening(18, "opening a sequence of 12k keys, beside the parse of its file", 4.0, makeOpening);
 }

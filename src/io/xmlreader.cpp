@@ -10,6 +10,23 @@
 #include <memory>
 #include <new>
 
+namespace
+{
+// The last four bytes in one number; elements of a list differ there.
+unsigned int getTail(const char* text, std::size_t length)
+{
+    unsigned int tail = 0;
+    for (std::size_t i = length < sizeof(tail) ? 0 : length - sizeof(tail); i < length; ++i)
+        tail = tail << 8 | static_cast<unsigned char>(text[i]);
+    return tail;
+}
+
+bool isSame(const char* a, const char* b)
+{
+    return *a == *b && std::strcmp(a, b) == 0;
+}
+}
+
 // Hangs what the scanner finds into the reader's tree. The attributes of a tag are gathered first, so that they follow
 // it in one block.
 class XmlReader::TreeBuilder
@@ -21,9 +38,10 @@ public:
     TreeBuilder(const TreeBuilder&) = delete;
     TreeBuilder& operator=(const TreeBuilder&) = delete;
 
-    void openTag(const char* name)
+    void openTag(const char* name, std::size_t length)
     {
         mpName = name;
+        mNameTail = getTail(name, length);
         mAttributeNum = 0;
     }
 
@@ -41,7 +59,7 @@ public:
         void* block = mReader.mArena.allocate(sizeof(sTag) + mAttributeNum * sizeof(sAttribute));
         if (!block)
             return false;
-        sTag* tag = new (block) sTag{mpName, mpParent, nullptr, nullptr, mAttributeNum};
+        sTag* tag = new (block) sTag{mpName, mpParent, nullptr, nullptr, mAttributeNum, mNameTail};
         std::copy_n(mpGathered, mAttributeNum, tag->getAttributes());
 
         sTag*& first = mpParent ? mpParent->firstChild : mReader.mpFirstRoot;
@@ -78,6 +96,7 @@ private:
 
     XmlReader& mReader;
     const char* mpName = nullptr;
+    unsigned int mNameTail = 0;
     sAttribute* mpGathered = nullptr;
     unsigned int mAttributeNum = 0;
     unsigned int mCapacity = 0;
@@ -94,7 +113,7 @@ constexpr unsigned int NearTagNum = 64;
 // Adds up what a tree would take.
 struct sTreeSize
 {
-    void openTag(const char*) {}
+    void openTag(const char*, std::size_t) {}
     bool addAttribute(const char*, const char*) { return ++attributes; }
     bool completeTag(bool) { return ++tags; }
     void closeTag() {}
@@ -109,6 +128,11 @@ using Block = std::unique_ptr<char[]>;
 Block allocate(std::size_t size)
 {
     return Block(new (std::nothrow) char[size]);
+}
+
+void traceFault(const char* fault, unsigned int place)
+{
+    DEV_TRACE("XmlReader : %s At byte %u.\n", fault, place);
 }
 }
 
@@ -143,16 +167,17 @@ bool XmlReader::isWellFormed(TextStream* stream)
     unsigned int place = 0;
     const char* fault = findFault(stream, place);
     if (fault)
-        DEV_TRACE("XmlReader : %s At byte %u.\n", fault, place);
+        traceFault(fault, place);
     return !fault;
 }
 
-void XmlReader::parse(TextStream* stream)
+const char* XmlReader::build(TextStream* stream, unsigned int& place)
 {
+    place = 0;
     const unsigned int size = stream->getRest();
     char* text = static_cast<char*>(mArena.allocate(std::size_t{size} + 1 + XmlCursor::Padding));
     if (!text)
-        dev_assert("Not enough memory.", __FILE__, __LINE__);
+        return "Not enough memory.";
     text[size ? stream->read(text, size) : 0] = XmlGrammar::End;
     // Only a read that finds nothing tells the stream that it is at its end.
     for (char rest; stream->read(&rest, 1) != 0;)
@@ -160,16 +185,28 @@ void XmlReader::parse(TextStream* stream)
 
     TreeBuilder builder(*this);
     XmlScanner scanner(text, builder);
-    if (const char* fault = scanner.scan())
+    const char* fault = scanner.scan();
+    place = static_cast<unsigned int>(scanner.getPlace() - text);
+    return fault;
+}
+
+void XmlReader::parse(TextStream* stream)
+{
+    unsigned int place = 0;
+    if (const char* fault = build(stream, place))
         dev_assert(fault, __FILE__, __LINE__);
 }
 
 bool XmlReader::load(TextStream* stream)
 {
-    if (!isWellFormed(stream))
-        return false;
-    parse(stream);
-    return true;
+    unsigned int place = 0;
+    const char* fault = build(stream, place);
+    if (!fault)
+        return true;
+    traceFault(fault, place);
+    mpFirstRoot = nullptr;
+    mArena.clear();
+    return false;
 }
 
 ObjectBase* XmlReader::read(ObjectBase* object, const char* tagName)
@@ -186,13 +223,13 @@ ObjectBase* XmlReader::read(ObjectBase* object, const char* tagName)
 
 ObjectBase* XmlReader::makeObject(const char* tagName) const
 {
-    const char* name = mpTag->findAttribute("typeinfo");
+    const char* name = getAttributeText("typeinfo");
     if (!name)
     {
         DEV_TRACE("%s typeinfo not found.\n", tagName);
         return nullptr;
     }
-    const TypeInfo* type = TypeInfo::findForeign(name);
+    const TypeInfo* type = findTypeInfo();
     if (!type)
         DEV_TRACE("%s undefined typeinfo \"%s\".\n", tagName, name);
     return type ? type->newInstance() : nullptr;
@@ -201,8 +238,9 @@ ObjectBase* XmlReader::makeObject(const char* tagName) const
 bool XmlReader::openTag(const char* name)
 {
     const sTag* tag = getFirstChild();
+    const unsigned int tail = getTail(name, std::strlen(name));
     unsigned int look = 0;
-    for (; tag && look < NearTagNum && !AutoString::isEqual(tag->name, name); ++look)
+    for (; tag && look < NearTagNum && !(tag->nameTail == tail && isSame(tag->name, name)); ++look)
         tag = tag->next;
     if (look == NearTagNum)
         tag = findFarTag(tag, name);
@@ -272,10 +310,25 @@ void XmlReader::closeTag()
 
 AutoString XmlReader::getAttribute(const char* name) const
 {
+    const char* value = getAttributeText(name);
+    return value ? mTexts.getString(value) : AutoString::Null;
+}
+
+const char* XmlReader::getAttributeText(const char* name) const
+{
     if (!mpTag)
         dev_assert("No tag is opened.", __FILE__, __LINE__);
-    const char* value = mpTag->findAttribute(name);
-    return value ? mTexts.getString(value) : AutoString::Null;
+    return mpTag->findAttribute(name);
+}
+
+const TypeInfo* XmlReader::findTypeInfo() const
+{
+    const char* name = getAttributeText("typeinfo");
+    if (!name)
+        return nullptr;
+    if (!mpLastType || !isSame(mpLastType->getName(), name))
+        mpLastType = TypeInfo::findForeign(name);
+    return mpLastType;
 }
 
 AutoString XmlReader::findTag(const char* attributeName, const char* attributeValue) const
@@ -293,7 +346,7 @@ const char* XmlReader::sTag::findAttribute(const char* attributeName) const
 {
     const sAttribute* attributes = getAttributes();
     for (unsigned int i = 0; i < attributeNum; ++i)
-        if (AutoString::isEqual(name + attributes[i].name, attributeName))
+        if (isSame(name + attributes[i].name, attributeName))
             return name + attributes[i].value;
     return nullptr;
 }

@@ -7,6 +7,7 @@
 
 class ObjectBase;
 class TextStream;
+class TypeInfo;
 
 // Reads a document into a tree and lets objects walk it by name. It knows what XmlWriter writes and no more: tags,
 // attributes and nested tags; no text between tags, no comments, no entities, and a narrow set of characters in
@@ -35,7 +36,7 @@ public:
     // grammar.
     void parse(TextStream* stream);
 
-    // parse() for a file that comes from outside: false, with a trace, when it is not well-formed.
+    // parse() for a file that comes from outside: false, with a trace and without a tree, when it is not well-formed.
     [[nodiscard]] bool load(TextStream* stream);
 
     // Fills `object` from the tag of that name; a null object is made from the tag's "typeinfo" and is the caller's.
@@ -57,6 +58,12 @@ public:
     // An attribute of the open tag; the first of that name wins. AutoString::Null without one. Equal texts share one
     // buffer.
     AutoString getAttribute(const char* name) const;
+
+    // The same as a text of the reader's, for what is only looked at; null without one.
+    const char* getAttributeText(const char* name) const;
+
+    // The class that the open tag names as its "typeinfo"; null without one, or when there is no such class.
+    const TypeInfo* findTypeInfo() const;
 
     // On purpose: it tests the open tag in each round and yields the name of a child.
     AutoString findTag(const char* attributeName, const char* attributeValue) const;
@@ -87,6 +94,7 @@ private:
         sTag* next;
         sTag* firstChild;
         unsigned int attributeNum;
+        unsigned int nameTail; // tells most names apart
     };
 
     // Children of one tag from a certain one on, sorted by name; of equal names the first stands first.
@@ -99,6 +107,10 @@ private:
     };
 
     class TreeBuilder;
+
+    // Reads the rest of the stream into the tree. Null, or the fault and its place as findFault() tells them; what is
+    // in the tree means nothing then.
+    const char* build(TextStream* stream, unsigned int& place);
 
     static unsigned int countTags(const sTag* first);
     const sTag* findFarTag(const sTag* first, const char* name);
@@ -115,4 +127,7 @@ private:
     sIndex* mpIndex = nullptr;          // the newest one
     unsigned int mFreePlaceNum = 65535; // places of lists without a tag that are still granted
     Map<ObjectBase> mObjects;
+
+    // The class found last: the elements of a list are of one class, and so is asking for it again and again.
+    mutable const TypeInfo* mpLastType = nullptr;
 };

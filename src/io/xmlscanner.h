@@ -5,7 +5,7 @@
 #include <cstring>
 
 // The grammar of documents, once for reading and for asking beforehand. What it finds goes to a sink:
-//     void openTag(const char* name)                           a tag begins
+//     void openTag(const char* name, std::size_t length)       a tag begins
 //     bool addAttribute(const char* name, const char* value)   of that tag; false when there is no memory
 //     bool completeTag(bool isOpen)                            the same; an open one is the next tag's parent
 //     void closeTag()                                          the end tag of the open one
@@ -85,7 +85,7 @@ inline const char* XmlScanner<Sink>::scanTag(XmlCursor& cursor)
     char* const nameEnd = cursor.skipWord();
     if (name == nameEnd)
         return "Invalid tag.";
-    mSink.openTag(name);
+    mSink.openTag(name, static_cast<std::size_t>(nameEnd - name));
 
     for (;;)
     {

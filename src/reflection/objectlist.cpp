@@ -19,25 +19,25 @@ constexpr long long NoCount = -1;
 // The number of elements that the open tag announces; NoCount when it announces none that can be believed.
 long long readCount(const XmlReader* reader)
 {
-    const AutoString text = reader->getAttribute("list_count");
+    const char* text = reader->getAttributeText("list_count");
     if (!text)
         return NoCount;
 
     char* end;
-    const long long count = std::strtoll(text.c_str(), &end, 10);
-    const bool believable = end != text.c_str() && count >= 0 && count <= ObjectList::MaximumLoadedCount;
+    const long long count = std::strtoll(text, &end, 10);
+    const bool believable = end != text && count >= 0 && count <= ObjectList::MaximumLoadedCount;
     return believable ? count : NoCount;
 }
 
 // On purpose: the number in the tag is an identity and no type id, so stable contents are never read back.
 void readStableElement(XmlReader* reader, ObjectBase* element, unsigned int index)
 {
-    const AutoString id = reader->getAttribute("id");
+    const char* id = reader->getAttributeText("id");
     if (!id)
         DEV_TRACE("element%d id not found.\n", static_cast<int>(index));
     if (!element)
         DEV_TRACE("Content is NULL.\n");
-    else if (id && parseValue<unsigned int>(id.c_str()) == element->getTypeInfo()->getID())
+    else if (id && parseValue<unsigned int>(id) == element->getTypeInfo()->getID())
         element->deserialize(reader);
     else if (id)
         DEV_TRACE("TypeID mismatch.\n");

@@ -16,7 +16,7 @@ void ObjectPropertyIntermediate::writeUniqueAttributes(XmlWriter* writer)
 
 void ObjectPropertyIntermediate::readUniqueAttributes(XmlReader* reader)
 {
-    if (reader->getAttribute("stable") != (isStableObject() ? "true" : "false"))
+    if (!AutoString::isEqual(reader->getAttributeText("stable"), isStableObject() ? "true" : "false"))
         DEV_TRACE("%s stability missmatch.\n", getName());
     else if (isStableObject())
         readStable(reader);
@@ -27,7 +27,7 @@ void ObjectPropertyIntermediate::readUniqueAttributes(XmlReader* reader)
 void ObjectPropertyIntermediate::readStable(XmlReader* reader)
 {
     ObjectBase* object = get(CurrentElement);
-    if (!object || reader->getAttribute("typeinfo") != object->getTypeInfo()->getName())
+    if (!object || !AutoString::isEqual(reader->getAttributeText("typeinfo"), object->getTypeInfo()->getName()))
         DEV_TRACE("%s typeinfo missmatch.\n", getName());
     else
         object->deserialize(reader);

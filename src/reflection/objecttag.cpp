@@ -31,13 +31,12 @@ bool writeStability(XmlWriter* writer, ObjectBase* object, unsigned int id, bool
 
 unsigned int readIdentity(const XmlReader* reader)
 {
-    const AutoString id = reader->getAttribute("id");
-    return id ? parseValue<unsigned int>(id.c_str()) : 0;
+    const char* id = reader->getAttributeText("id");
+    return id ? parseValue<unsigned int>(id) : 0;
 }
 
 ObjectBase* makeNamedInstance(const XmlReader* reader)
 {
-    const AutoString name = reader->getAttribute("typeinfo");
-    const TypeInfo* type = TypeInfo::findForeign(name.c_str());
+    const TypeInfo* type = reader->findTypeInfo();
     return type ? type->newInstance() : nullptr;
 }

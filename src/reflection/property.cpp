@@ -15,7 +15,7 @@ void parseInto(Part& part, const char* text)
 }
 
 PropertyBase::PropertyBase(unsigned int type, const char* name, unsigned int count)
-    : mType(type), mCount(count), mpName(name), mNameHash(Utils::hash(name))
+    : mType(type), mCount(count), mpName(name)
 {
 }
 
@@ -64,6 +64,11 @@ void PropertyBase::setNumeric(unsigned long long, unsigned int)
 {
 }
 
+unsigned int PropertyBase::getNameHash() const
+{
+    return Utils::hash(mpName);
+}
+
 void PropertyBase::release()
 {
     if (--mReference == 0)
@@ -110,14 +115,14 @@ void PropertyBase::serializeElements(XmlWriter* writer)
 
 void PropertyBase::deserialize(XmlReader* reader)
 {
-    if (reader->getAttribute("type") != getTypeName())
+    if (!AutoString::isEqual(reader->getAttributeText("type"), getTypeName()))
     {
         DEV_TRACE("%s type missmatch.\n", mpName);
         return;
     }
 
-    const AutoString count = reader->getAttribute("count");
-    if (!count || parseValue<unsigned int>(count.c_str()) != mCount)
+    const char* count = reader->getAttributeText("count");
+    if (!count || parseValue<unsigned int>(count) != mCount)
     {
         DEV_TRACE("%s counts missmatch.\n", mpName);
         return;
@@ -179,17 +184,19 @@ void PropertyIntermediate<T>::readUniqueAttributes(XmlReader* reader)
         T value = this->get(this->CurrentElement);
         for (const auto& component : ValueTraits<T>::components)
         {
-            if (const AutoString text = reader->getAttribute(component.name))
-                parseInto(value.*component.target, text.c_str());
+            if (const char* text = reader->getAttributeText(component.name))
+                parseInto(value.*component.target, text);
         }
         this->set(value, this->CurrentElement);
     }
-    else if (const AutoString text = reader->getAttribute("value"))
+    else if constexpr (std::is_same_v<T, AutoString>)
     {
-        if constexpr (std::is_same_v<T, AutoString>)
+        if (const AutoString text = reader->getAttribute("value"))
             this->set(text, this->CurrentElement);
-        else
-            setString(text.c_str());
+    }
+    else if (const char* text = reader->getAttributeText("value"))
+    {
+        setString(text);
     }
 }
 

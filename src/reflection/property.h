@@ -52,7 +52,7 @@ public:
 
     unsigned int getType() const { return mType; }
     const char* getName() const { return mpName; }
-    unsigned int getNameHash() const { return mNameHash; }
+    unsigned int getNameHash() const;
     unsigned int getCount() const { return mCount; }
 
     void addRef() { ++mReference; }
@@ -112,7 +112,6 @@ private:
     unsigned int mCount;
     unsigned int mIndex = 0;
     const char* mpName;
-    unsigned int mNameHash;
     unsigned int mReference = 0;
 };
 

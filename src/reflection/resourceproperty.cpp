@@ -76,7 +76,7 @@ void ResourcePropertyIntermediate::readUniqueAttributes(XmlReader* reader)
     if (!path)
         return;
 
-    const TypeInfo* type = TypeInfo::findForeign(reader->getAttribute("typeinfo").c_str());
+    const TypeInfo* type = reader->findTypeInfo();
     if (!type)
     {
         DEV_TRACE("%s typeinfo not found.\n", getName());

@@ -13,6 +13,9 @@ constexpr unsigned int ValueTextSize = 64;
 // "%d".
 const char* formatInteger(char* buffer, int value);
 
+// As std::strtoll reads a decimal number.
+long long parseInteger(const char* text);
+
 // "%f", or "%.17g" where that does not fit the buffer.
 const char* formatReal(char* buffer, double value);
 
@@ -47,5 +50,5 @@ T parseValue(const char* text)
     else if constexpr (RealValue<T>)
         return static_cast<T>(std::strtod(text, nullptr));
     else
-        return static_cast<T>(std::strtoll(text, nullptr, 10));
+        return static_cast<T>(parseInteger(text));
 }
