@@ -235,6 +235,7 @@ private:
     sRect mDrawRegion = sRect::Zero;
     unsigned int mAttribute;
     unsigned int mStatus = Visible | Enabled;
+    bool mDelegate = false;
     eBorderStyle mBorderStyle = eBorderStyle::None;
     sColor mBorderColor = sColor::Black;
     bool mDragging = false;
@@ -242,6 +243,5 @@ private:
     sPoint mDragBeginPosition = sPoint::Zero;
     sPoint mDragAmount = sPoint::Zero;
     sSize mMinimumSize = sSize::Zero;
-    bool mDelegate = false;
     void* mFindKey = this;
 };
