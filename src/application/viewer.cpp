@@ -21,6 +21,9 @@ namespace
 {
 constexpr unsigned int View = 5;
 
+// Over the desktop with its wallpaper, and below all windows.
+constexpr unsigned int Level = 1;
+
 std::string checkReadable(const std::string& path)
 {
     if (access(path.c_str(), R_OK) != 0)
@@ -79,7 +82,7 @@ void Viewer::draw() const
     context->setViewport(viewport);
     context->setProjectionRect(ViewSystem::getInstance()->getProjection(View));
 
-    UIPainter painter(context, 0);
+    UIPainter painter(context, Level);
     painter.setRegion(viewport, sPoint(static_cast<int>(viewport.getWidth() / 2) - AnimationOrigin,
                                        static_cast<int>(viewport.getHeight() / 2) - AnimationOrigin));
     drawAnimation(painter, mSequencer, sMatrix::Identity, sColor::White);
