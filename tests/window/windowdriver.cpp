@@ -4,7 +4,9 @@
 #include "tests/window/windowmanager.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <limits>
 
 #include <unistd.h>
 
@@ -14,18 +16,40 @@ constexpr int Width = 1024;
 constexpr int Height = 768;
 constexpr int WindowPlace = 100;
 constexpr std::uint64_t NanosecondsInMillisecond = 1000000;
+constexpr std::uint64_t FrameNanoseconds = 1000000000 / 60;
 constexpr std::uint64_t PatienceNanoseconds = 5000 * NanosecondsInMillisecond;
 
 // A press is to be seen by a frame, and its release by a later one.
 constexpr unsigned int SettleFrames = 3;
 
 constexpr std::pair<KeyboardSystem::eKeyCode, const char*> KeyTable[] = {
-    {KeyboardSystem::KeyA, "a"},        {KeyboardSystem::Return, "Return"},  {KeyboardSystem::Escape, "Escape"},
-    {WindowDriver::F4, "F4"},           {KeyboardSystem::DownArrow, "Down"}, {KeyboardSystem::UpArrow, "Up"},
+    {KeyboardSystem::Return, "Return"},
+    {KeyboardSystem::Escape, "Escape"},
+    {WindowDriver::F4, "F4"},
+    {WindowDriver::F5, "F5"},
+    {KeyboardSystem::DownArrow, "Down"},
+    {KeyboardSystem::UpArrow, "Up"},
+    {KeyboardSystem::LeftArrow, "Left"},
+    {KeyboardSystem::RightArrow, "Right"},
     {KeyboardSystem::LeftAlt, "Alt_L"},
+    {KeyboardSystem::LeftControl, "Control_L"},
+    {KeyboardSystem::LeftShift, "Shift_L"},
+    {WindowDriver::Minus, "minus"},
+    {WindowDriver::Point, "period"},
 };
 
 std::uint64_t clockCount = 0;
+
+// Whether the loop is to end without a frame.
+bool waiting = false;
+
+// The loop asks before each frame; there is none until the clock has moved on.
+std::uint64_t getClock()
+{
+    if (waiting)
+        Platform::getInstance()->quitEventLoop();
+    return clockCount;
+}
 
 // The server may still show the window of the process before.
 const std::string& getTitle()
@@ -40,9 +64,25 @@ const Application::sInitializer& getInitializer()
     return initializer;
 }
 
+// Letters and digits are called by themselves.
 std::string getName(KeyboardSystem::eKeyCode key)
 {
+    if (key >= KeyboardSystem::KeyA && key <= KeyboardSystem::KeyZ)
+        return std::string(1, static_cast<char>('a' + key - KeyboardSystem::KeyA));
+    if (key >= KeyboardSystem::Key1 && key <= KeyboardSystem::Key0)
+        return std::to_string((key - KeyboardSystem::Key1 + 1) % 10);
     return std::ranges::find(KeyTable, key, &std::pair<KeyboardSystem::eKeyCode, const char*>::first)->second;
+}
+
+KeyboardSystem::eKeyCode getKey(char character)
+{
+    if (character == '-')
+        return WindowDriver::Minus;
+    if (character == '.')
+        return WindowDriver::Point;
+    if (std::isdigit(character))
+        return static_cast<KeyboardSystem::eKeyCode>(KeyboardSystem::Key1 + (character - '0' + 9) % 10);
+    return static_cast<KeyboardSystem::eKeyCode>(KeyboardSystem::KeyA + std::tolower(character) - 'a');
 }
 
 // The server counts the middle button as the second.
@@ -52,13 +92,14 @@ std::string getServerButton(unsigned int button)
 }
 }
 
-WindowDriver::WindowDriver(bool editor) : TestApp(&getInitializer())
+WindowDriver::WindowDriver(std::shared_ptr<const SampleData> data)
+    : SamplePlace(std::move(data)), TestApp(&getInitializer())
 {
-    setCountFunction([] { return clockCount; });
-    setEditor(editor);
+    setCountFunction(getClock);
+    setEditor(false);
     setup();
-    EXPECT_TRUE(getWindowHandle()->installTimer(quitLoop, this));
-    EXPECT_TRUE(getWindowHandle()->installMouseHandler(eventHandler, static_cast<Application*>(this)));
+    waiting = true;
+    execute();
     // From outside, so that the window hears of the first move into it.
     callTool("mousemove 0 0");
     WindowManager(getTitle()).focus();
@@ -72,11 +113,31 @@ WindowDriver::~WindowDriver()
 
 void WindowDriver::runFrames(unsigned int num)
 {
-    for (unsigned int i = 0; i < num; ++i)
-    {
-        pump();
-        update(1.0f);
-    }
+    mLastFrame = mFrameNum + num;
+    setFrameLimit(mLastFrame);
+    runLoop();
+}
+
+void WindowDriver::runToEnd()
+{
+    mLastFrame = std::numeric_limits<unsigned int>::max();
+    setFrameLimit(0);
+    runLoop();
+}
+
+void WindowDriver::runLoop()
+{
+    waiting = false;
+    clockCount += FrameNanoseconds;
+    getWindowHandle()->runEventLoop();
+    waiting = true;
+}
+
+void WindowDriver::update(float deltaTime)
+{
+    TestApp::update(deltaTime);
+    if (++mFrameNum < mLastFrame)
+        clockCount += FrameNanoseconds;
 }
 
 void WindowDriver::move(const sPoint& point)
@@ -88,9 +149,10 @@ void WindowDriver::move(const sPoint& point)
 
 void WindowDriver::press(unsigned int button, unsigned int pauseMilliseconds)
 {
-    clockCount += pauseMilliseconds * NanosecondsInMillisecond;
     callTool("mousedown " + getServerButton(button));
     waitFor("press", [&] { return getMouseButton() & button; });
+    clockCount = std::max(clockCount, mLastPress + pauseMilliseconds * NanosecondsInMillisecond - FrameNanoseconds);
+    mLastPress = clockCount + FrameNanoseconds;
     runFrames(SettleFrames);
 }
 
@@ -129,11 +191,20 @@ void WindowDriver::strike(eKeyCode key)
     setKey(key, false);
 }
 
-void WindowDriver::strikeClose()
+void WindowDriver::strikeWith(eKeyCode modifier, eKeyCode key)
 {
-    setKey(KeyboardSystem::LeftAlt, true);
-    strike(F4);
-    setKey(KeyboardSystem::LeftAlt, false);
+    setKey(modifier, true);
+    strike(key);
+    setKey(modifier, false);
+}
+
+void WindowDriver::type(const std::string& text)
+{
+    for (const char character : text)
+        if (std::isupper(character))
+            strikeWith(KeyboardSystem::LeftShift, getKey(character));
+        else
+            strike(getKey(character));
 }
 
 void WindowDriver::pressCloseBox()
@@ -176,9 +247,4 @@ void WindowDriver::waitFor(const char* what, const std::function<bool()>& done)
 void WindowDriver::callTool(const std::string& arguments)
 {
     EXPECT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << arguments;
-}
-
-void WindowDriver::quitLoop(void* driver)
-{
-    static_cast<WindowDriver*>(driver)->quit();
 }
