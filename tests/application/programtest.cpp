@@ -1,3 +1,4 @@
+#include "foundation/utils.h"
 #include "tests/support/temporarydirectory.h"
 
 #include <gtest/gtest.h>
@@ -118,9 +119,39 @@ TEST_F(ProgramTest, StartsWhateverTheStateFileHoldsAndPutsADamagedOneAside)
     }
 }
 
+TEST_F(ProgramTest, OpensAnAnimationWhoseTextureIsGoneAndWhoseTracksHoldWindows)
+{
+    std::ifstream sample(SAMPLE_DIRECTORY "walk.asq.xml");
+    std::string text{std::istreambuf_iterator<char>(sample), {}};
+    const auto getType = [](const char* name)
+    {
+        return std::to_string(static_cast<int>(Utils::hash(name)));
+    };
+    for (const auto& [present, wanted] : {std::pair<std::string, std::string>("path=\"walk\"", "path=\"gone\""),
+                                          {getType("AnimCell"), getType("AnimTool")}})
+    {
+        std::size_t place = text.find(present);
+        ASSERT_NE(place, std::string::npos) << present;
+        for (; place != std::string::npos; place = text.find(present, place))
+            text.replace(place, present.size(), wanted);
+    }
+    write("strange.asq.xml", text.c_str());
+    for (const char* mode : {" ", " --play "})
+    {
+        EXPECT_EQ(run("--headless --frames 20 --root " + mRoot.getPath() + mode + "strange"), 0);
+        for (const char* trace : {"path=\"gone\" not found.", "No track may hold a AnimTool."})
+            EXPECT_NE(mErrors.find(trace), std::string::npos) << mErrors;
+        EXPECT_EQ(mErrors.find("eak"), std::string::npos) << mErrors;
+    }
+}
+
 TEST_F(ProgramTest, EndsOnASignalWithItsStateSaved)
 {
-    const std::string program = CELLWRIGHT_PROGRAM " --headless --root " + mRoot.getPath();
-    EXPECT_EQ(WEXITSTATUS(std::system(("timeout -s INT 1 " + program + " 2>/dev/null").c_str())), 124);
-    EXPECT_NE(read("test.xml").find("</TestApp>"), std::string::npos);
+    const std::string program = " 1 " CELLWRIGHT_PROGRAM " --headless --root " + mRoot.getPath() + " 2>/dev/null";
+    for (const std::string signal : {"INT", "TERM"})
+    {
+        write("test.xml", "");
+        EXPECT_EQ(WEXITSTATUS(std::system(("timeout -s " + signal + program).c_str())), 124);
+        EXPECT_NE(read("test.xml").find("</TestApp>"), std::string::npos) << signal;
+    }
 }
