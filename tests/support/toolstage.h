@@ -51,9 +51,14 @@ public:
 
     void answer(UIDialog::eReturnValue value)
     {
-        static constexpr void (UIDialog::*Answers[])() = {&UIDialog::eventOk, &UIDialog::eventYes, &UIDialog::eventNo,
-                                                          &UIDialog::eventCancel};
-        (getDialog()->*Answers[value])();
+        UIDialog* dialog = getDialog();
+        switch (value)
+        {
+        case UIDialog::Ok: dialog->eventOk(); break;
+        case UIDialog::Yes: dialog->eventYes(); break;
+        case UIDialog::No: dialog->eventNo(); break;
+        case UIDialog::Cancel: dialog->eventCancel(); break;
+        }
         runFrames(2);
     }
 

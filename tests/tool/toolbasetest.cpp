@@ -105,8 +105,12 @@ protected:
     // Up to the dialog that asks for the file.
     void start(GalleryTool* tool, eOperation operation)
     {
-        constexpr void (ToolBase::*Operations[])() = {&ToolBase::eventSaveAs, &ToolBase::eventLoad, &ToolBase::close};
-        (tool->*Operations[static_cast<unsigned int>(operation)])();
+        switch (operation)
+        {
+        case SaveAs: tool->eventSaveAs(); break;
+        case Load: tool->eventLoad(); break;
+        case Close: tool->close(); break;
+        }
         mStage.runFrame();
         if (operation == SaveAs)
             return;
