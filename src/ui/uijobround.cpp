@@ -29,10 +29,11 @@ void UIJobRound::add(const sRoot& root)
     mRoots[mSize++] = root;
 }
 
-// A round takes the memory of its jobs with it, so they are made here and not earlier.
+// A round takes the memory of its jobs with it, so they are made here and not earlier. To wake a thread takes about as
+// long as a root of usual size, so each job is to have two of them.
 void UIJobRound::execute()
 {
-    const unsigned int jobNum = std::min(mSize, mJobSystem.getJobThreadNum());
+    const unsigned int jobNum = std::min((mSize + 1) / 2, mJobSystem.getJobThreadNum());
     for (unsigned int i = 0; i < jobNum; ++i)
         mJobSystem.addJob(new RoundJob(*this));
     mJobSystem.executeJob();
