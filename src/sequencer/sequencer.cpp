@@ -34,19 +34,18 @@ float getFrameRate()
     return application ? application->getFrameRate() : DefaultFrameRate;
 }
 
-// A few small files can name more objects than there is memory for. What is left of the general heap is everybody's.
-bool hasRoom()
-{
-    constexpr unsigned int ReservedPart = 16;
-    const AllocatorBase& heap = *AllocatorBase::getGlobalAllocator();
-    return heap.getHeapSize() - heap.getUsedSize() > heap.getHeapSize() / ReservedPart;
-}
-
 void deleteControls(List<ControlBase>& controls)
 {
     for (ControlBase* control : controls)
         delete control;
 }
+}
+
+bool Sequencer::hasRoom()
+{
+    constexpr unsigned int ReservedPart = 16;
+    const AllocatorBase& heap = *AllocatorBase::getGlobalAllocator();
+    return heap.getHeapSize() - heap.getUsedSize() > heap.getHeapSize() / ReservedPart;
 }
 
 Sequencer::Sequencer(AllocatorBase* allocator) : mpAllocator(allocator)

@@ -355,7 +355,13 @@ void SequencerTool::addRows()
         SequencerTrack* track = static_cast<SequencerTrack*>(object);
         mpTrackForm->addTrack(track);
         for (ObjectBase* lane : track->getLaneList())
-            mpTrackForm->addLane(static_cast<SequencerLane*>(lane), track);
+            if (Sequencer::hasRoom())
+                mpTrackForm->addLane(static_cast<SequencerLane*>(lane), track);
+        if (!Sequencer::hasRoom())
+        {
+            DEV_TRACE("Not enough memory for all rows.\n");
+            return;
+        }
     }
 }
 
