@@ -19,6 +19,7 @@ namespace
 {
 constexpr sPoint LowerRight{1015, 759};
 constexpr int FirstAnswer = 2;
+constexpr sPoint TitlePlace{40, 8};
 constexpr int TimelineNames = 96;
 constexpr int TimelineTop = 300;
 
@@ -35,15 +36,6 @@ UISystem& ui()
 UIBase* getChild(const UIBase* element, int index)
 {
     return *(element->getChildrenBegin() + index);
-}
-
-// Of an element that is seen there.
-sPoint getCenter(const UIBase* element)
-{
-    const sRect region = element->getAbsRegion();
-    const sPoint centre((region.left + region.right) / 2, (region.top + region.bottom) / 2);
-    EXPECT_TRUE(element->getDrawRegion().intersect(centre)) << centre.x << ", " << centre.y << " is out of sight";
-    return centre;
 }
 
 template <typename Item>
@@ -66,14 +58,16 @@ EditorDriver::EditorDriver(std::shared_ptr<const SampleData> data, const char* a
 {
     EXPECT_TRUE(edit(animation));
     runFrames(2);
-    const sRect window = getTool().getAbsRegion();
-    drag(sPoint(window.right - 8, window.bottom - 8), LowerRight);
+    enlarge(getTool());
     const sRect views = getTool().getAnimationForm()->getParent()->getAbsRegion();
     drag(sPoint(TimelineNames, views.bottom + 2), sPoint(TimelineNames, TimelineTop));
 }
 
 AnimTool* EditorDriver::findTool()
 {
+    if (UIWindow* active = ui().getActiveWindow())
+        if (AnimTool* tool = active->cast<AnimTool>())
+            return tool;
     for (ObjectBase* window : ui().getWindowList())
         if (AnimTool* tool = window->cast<AnimTool>())
             return tool;
@@ -127,6 +121,14 @@ void EditorDriver::chooseFrom(UIMenu* menu, const char* item)
     EXPECT_EQ(ui().getMenu(), nullptr);
 }
 
+void EditorDriver::open(const char* animation)
+{
+    const AnimTool& tool = getTool();
+    choose("File", "Open");
+    pick(animation);
+    activate(tool);
+}
+
 std::string EditorDriver::getDialogTitle()
 {
     const List<UIWindow>& modal = ui().getModalWindowList();
@@ -156,6 +158,18 @@ void EditorDriver::clickElement(const UIBase* element, unsigned int button)
 void EditorDriver::clickCloseButton()
 {
     clickElement(getChild(&getTool(), 1));
+}
+
+void EditorDriver::activate(const UIWindow& window)
+{
+    click(window.getAbsPosition() + TitlePlace);
+    EXPECT_EQ(ui().getActiveWindow(), &window);
+}
+
+void EditorDriver::enlarge(const UIWindow& window)
+{
+    const sRect region = window.getAbsRegion();
+    drag(sPoint(region.right - 8, region.bottom - 8), LowerRight);
 }
 
 void EditorDriver::drag(const sPoint& from, const sPoint& to)
@@ -234,6 +248,15 @@ const UIBase* EditorDriver::getPart(const UIBase* element, std::initializer_list
     for (const int index : path)
         element = getChild(element, index);
     return element;
+}
+
+// Which is to be seen.
+sPoint EditorDriver::getCenter(const UIBase* element)
+{
+    const sRect region = element->getAbsRegion();
+    const sPoint centre((region.left + region.right) / 2, (region.top + region.bottom) / 2);
+    EXPECT_TRUE(element->getDrawRegion().intersect(centre)) << centre.x << ", " << centre.y << " is out of sight";
+    return centre;
 }
 
 const UIBase* EditorDriver::getWidget(std::initializer_list<int> path)

@@ -22,7 +22,7 @@ public:
     explicit EditorDriver(std::shared_ptr<const SampleData> data = std::make_shared<SampleData>(),
                           const char* animation = nullptr);
 
-    // The one in front.
+    // The active one if there is one, else that in front.
     static AnimTool* findTool();
     static AnimTool& getTool() { return *findTool(); }
     static SequencerResourceIntermediate& getSequence() { return *getTool().getSequence(); }
@@ -42,6 +42,9 @@ public:
     void choose(const char* menu, const char* item);
     void chooseFrom(UIMenu* menu, const char* item);
 
+    // Into the active editor, which has nothing to save.
+    void open(const char* animation);
+
     // Empty when nothing is asked.
     static std::string getDialogTitle();
     void answer(UIDialog::eReturnValue value);
@@ -51,7 +54,12 @@ public:
 
     void clickElement(const UIBase* element, unsigned int button = Left);
     void clickCloseButton();
+    void activate(const UIWindow& window);
+
+    // To the lower right corner of the screen.
+    void enlarge(const UIWindow& window);
     void drag(const sPoint& from, const sPoint& to);
+    void dragBy(const sPoint& from, const sPoint& amount) { drag(from, from + amount); }
 
     // Rows of the timeline.
     void clickTrack(unsigned int track);
@@ -73,6 +81,7 @@ public:
 
     // The element that a path of places among children leads to, and one of the property pane, from the group on.
     static const UIBase* getPart(const UIBase* element, std::initializer_list<int> path);
+    static sPoint getCenter(const UIBase* element);
     static const UIBase* getWidget(std::initializer_list<int> path);
     void enter(std::initializer_list<int> path, const std::string& text);
     void chooseRow(std::initializer_list<int> path, int row);

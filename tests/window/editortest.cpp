@@ -269,7 +269,7 @@ TEST(EditorTest, NothingUnsavedIsLostWithoutAQuestion)
         if (!driver.findTool() && !driver.edit(nullptr))
             return false;
         driver.runFrames(2);
-        driver.click(driver.getTool().getAbsPosition() + sPoint(40, 8));
+        driver.activate(driver.getTool());
         if (!driver.getTool().isManagedResourceModified())
             driver.addTrack("Add Track", "AnimCell");
         act();
@@ -316,17 +316,88 @@ TEST(EditorTest, NothingUnsavedIsLostWithoutAQuestion)
     EXPECT_NE(data->read("intermediate/two.asq.xml"), "");
 }
 
-TEST(EditorTest, ColoursAndWallpaperAreThereTheNextTime)
+// The four ways in which one of two has the edit and one of them is closed.
+TEST(EditorTest, TwoEditorsOfOneAnimationLoseNothingUnasked)
+{
+    using enum UIDialog::eReturnValue;
+    const auto data = std::make_shared<SampleData>();
+    EditorDriver driver(data, "walk");
+    unsigned int laneNum = driver.getTrack(0)->getLaneList().size();
+    driver.clickCloseButton();
+    const auto isAsked = [&](UIDialog::eReturnValue answer)
+    {
+        driver.clickCloseButton();
+        const bool asked = driver.getDialogTitle() == Question;
+        if (asked)
+            driver.answer(answer);
+        return asked;
+    };
+    for (const auto& [editor, closed] : {std::pair(0, 0), {0, 1}, {1, 0}, {1, 1}})
+    {
+        AnimTool* tools[2];
+        for (AnimTool*& tool : tools)
+        {
+            EXPECT_TRUE(driver.edit(nullptr));
+            driver.runFrames(2);
+            tool = UISystem::getInstance()->getWindowList()[0]->cast<AnimTool>();
+            driver.activate(*tool);
+            driver.open("walk");
+            driver.toggleLanes(0);
+            driver.clickLane(0, 0);
+            EXPECT_NE(tool->getSelectKey(), nullptr);
+            driver.dragBy(tool->getAbsPosition() + sPoint(100, 8), {tool == tools[0] ? 480 : 0, 160});
+        }
+        ASSERT_EQ(tools[0]->getResource(), tools[1]->getResource());
+        ASSERT_EQ(driver.getTrack(0)->getLaneList().size(), laneNum);
+
+        driver.activate(*tools[editor]);
+        driver.choose("Lane", "Remove Lane");
+        EXPECT_EQ(tools[!editor]->getSelectLane(), nullptr) << "it is gone";
+        driver.activate(*tools[closed]);
+        EXPECT_TRUE(isAsked(No));
+        ASSERT_EQ(driver.findTool(), tools[!closed]);
+        driver.activate(*tools[!closed]);
+        EXPECT_TRUE(isAsked(Cancel)) << "it has the edit still";
+        driver.activate(*tools[!closed]);
+        driver.choose("File", "Save");
+        EXPECT_FALSE(isAsked(Cancel));
+        EXPECT_EQ(driver.findTool(), nullptr);
+        --laneNum;
+    }
+}
+
+TEST(EditorTest, ColoursAndWallpaperAreThereTheNextTimeAndUnwantedWorkIsNot)
 {
     const auto data = std::make_shared<SampleData>();
+    const std::string walk = data->read("intermediate/walk.asq.xml");
     const auto change = [](EditorDriver& driver)
     {
-        driver.click({6, 400}, WindowDriver::Right);
-        driver.chooseFrom(UISystem::getInstance()->getDesktop()->getMenu(), "Change Wallpaper");
+        const auto chooseFromDesktop = [&driver](const char* item)
+        {
+            driver.click({6, 400}, WindowDriver::Right);
+            driver.chooseFrom(UISystem::getInstance()->getDesktop()->getMenu(), item);
+            driver.runFrames(2);
+        };
+        chooseFromDesktop("Change Wallpaper");
         driver.pick("walk.tga");
-        UISystem::getInstance()->mWindowColor = sColor::Green;
+        driver.activate(driver.getTool());
+        driver.open("walk");
+        driver.choose("Track", "Add Sequencer Track");
+
+        chooseFromDesktop("SystemManager");
+        const UIWindow& inspector = *UISystem::getInstance()->getWindowList()[0]->cast<UIWindow>();
+        driver.enlarge(inspector);
+        for (const auto& [channel, amount] : {std::pair(1, 200), {2, -200}})
+            driver.dragBy(driver.getCenter(driver.getPart(&inspector, {2, 7, 3, 4 + channel})), {amount, 0});
+
+        driver.pressCloseBox(), driver.requestQuit();
+        driver.runFrames(2);
+        EXPECT_EQ(driver.getDialogTitle(), Question);
+        driver.answer(UIDialog::No);
+        driver.runToEnd();
     };
     runEditor(data, change);
+    EXPECT_EQ(data->read("intermediate/walk.asq.xml"), walk);
     EditorDriver driver(data);
     const ResourceBase* wallpaper = UISystem::getInstance()->getDesktop()->getWallpaper();
     ASSERT_NE(wallpaper, nullptr);
