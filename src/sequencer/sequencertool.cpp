@@ -352,11 +352,7 @@ void SequencerTool::addRows()
         return;
     for (ObjectBase* object : mpResource->getTrackList())
     {
-        SequencerTrack* track = static_cast<SequencerTrack*>(object);
-        mpTrackForm->addTrack(track);
-        for (ObjectBase* lane : track->getLaneList())
-            if (Sequencer::hasRoom())
-                mpTrackForm->addLane(static_cast<SequencerLane*>(lane), track);
+        mpTrackForm->addTrack(static_cast<SequencerTrack*>(object));
         if (!Sequencer::hasRoom())
         {
             DEV_TRACE("Not enough memory for all rows.\n");

@@ -2,6 +2,8 @@
 
 #include "sequencer/headerform.h"
 #include "sequencer/sequenceform.h"
+#include "sequencer/sequencerlane.h"
+#include "sequencer/sequencertrack.h"
 #include "sequencer/uilane.h"
 #include "sequencer/uimarker.h"
 #include "sequencer/uitrack.h"
@@ -57,18 +59,20 @@ void SequencerTool::TrackForm::addMarkerTrack()
 void SequencerTool::TrackForm::addTrack(SequencerTrack* track)
 {
     TrackInfo* info = new TrackInfo(track, this);
+    TrackSequence* sequence = new TrackSequence(track, info, this);
+    for (ObjectBase* lane : track->getLaneList())
+        if (Sequencer::hasRoom())
+            addLane(static_cast<SequencerLane*>(lane), *info, *sequence);
     mpHeaderForm->addClient(info);
-    mpSequenceForm->addClient(new TrackSequence(track, info, this));
+    mpSequenceForm->addClient(sequence);
 }
 
 void SequencerTool::TrackForm::addLane(SequencerLane* lane, SequencerTrack* track)
 {
     UIBase* info = mpHeaderForm->findKey(track);
     UIBase* sequence = mpSequenceForm->findKey(track);
-    if (!info || !sequence)
-        return;
-    static_cast<UITrack*>(info)->addLane<LaneInfo>(lane);
-    static_cast<UITrack*>(sequence)->addLane<LaneSequence>(lane);
+    if (info && sequence)
+        addLane(lane, *static_cast<UITrack*>(info), *static_cast<UITrack*>(sequence));
 }
 
 void SequencerTool::TrackForm::update(float deltaTime)
@@ -87,6 +91,12 @@ void SequencerTool::TrackForm::eventKeyDown(unsigned int keyCode, unsigned int c
         mpTool->stepSelection(keyCode == UIKeyCode::RightArrow);
     else
         delegate();
+}
+
+void SequencerTool::TrackForm::addLane(SequencerLane* lane, UITrack& info, UITrack& sequence)
+{
+    info.addLane<LaneInfo>(lane);
+    sequence.addLane<LaneSequence>(lane);
 }
 
 void SequencerTool::TrackForm::makeForms(unsigned int splitSize)

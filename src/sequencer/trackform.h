@@ -21,9 +21,11 @@ public:
     void reset();
 
     void addMarkerTrack();
+
+    // With the rows of the lanes that it has, as far as there is memory for them.
     void addTrack(SequencerTrack* track);
 
-    // Nothing for a track without rows.
+    // One more lane of a track, which is searched for. Nothing for a track without rows.
     void addLane(SequencerLane* lane, SequencerTrack* track);
 
     void update(float deltaTime) override;
@@ -32,6 +34,7 @@ public:
     void eventKeyDown(unsigned int keyCode, unsigned int combinationKey) override;
 
 private:
+    static void addLane(SequencerLane* lane, UITrack& info, UITrack& sequence);
     void makeForms(unsigned int splitSize);
     void placeBars(int right, int bottom);
     void updateVerticalBar();

@@ -43,7 +43,9 @@ void UIBase::add(UIBase* child)
 {
     mChildren.addLast(child);
     child->mParent = this;
-    updateFloatingStatus();
+    // Anything else leaves the bits as they are; to look at all children for each new one takes long in a long list.
+    if (floats(*child))
+        updateFloatingStatus();
 }
 
 void UIBase::remove()
