@@ -45,10 +45,7 @@ void BlockAllocator::clear()
 
 unsigned int BlockAllocator::getUsedSize() const
 {
-    enter();
-    const unsigned int freeNum = getFreeNum();
-    leave();
-    return mBlockSize * (mBlockNum - freeNum);
+    return mBlockSize * (mBlockNum - guard([this] { return getFreeNum(); }));
 }
 
 // The last block of the heap ends up on top.

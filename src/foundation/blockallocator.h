@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/allocator.h"
-#include "foundation/multithread.h"
+#include "foundation/biasedlock.h"
 
 #include <cstdint>
 
@@ -29,8 +29,9 @@ public:
 private:
     void refill();
     bool isBlock(const void* address) const;
-    void enter() const;
-    void leave() const;
+
+    template <typename Work>
+    auto guard(Work work) const;
 
     [[noreturn]] static void stopOnSize();
     [[noreturn]] static void stopOnBlock();
@@ -42,23 +43,30 @@ private:
     unsigned int mBlockNum;
     void** mpStack = nullptr;
     void** mpStackTop = nullptr;
-    mutable SpinLock mSpinLock;
+    mutable BiasedLock mLock;
 
     // 2 to the 64 over the block size, rounded up.
     std::uint64_t mReciprocal;
 };
+
+template <typename Work>
+auto BlockAllocator::guard(Work work) const
+{
+    if (!mThreadSafe) [[unlikely]]
+        return work();
+    return mLock.run(work);
+}
 
 inline void* BlockAllocator::allocate(int size, unsigned int)
 {
     if (mBlockSize < (size < 0 ? 0u - static_cast<unsigned int>(size) : static_cast<unsigned int>(size))) [[unlikely]]
         stopOnSize();
 
-    enter();
-    void* block = mpStackTop == mpStack ? nullptr : *--mpStackTop;
-    leave();
+    void* block = guard([this]() -> void* { return mpStackTop == mpStack ? nullptr : *--mpStackTop; });
     return block ? block : fail();
 }
 
+// The block that comes back is the next to go out, and will be written then.
 inline void BlockAllocator::deallocate(void* block)
 {
     if (!block)
@@ -66,9 +74,8 @@ inline void BlockAllocator::deallocate(void* block)
     if (!isBlock(block)) [[unlikely]]
         stopOnBlock();
 
-    enter();
-    *mpStackTop++ = block;
-    leave();
+    __builtin_prefetch(block, 1);
+    guard([this, block] { return *mpStackTop++ = block; });
 }
 
 // A multiple of the block size is told by its product with the reciprocal, which wraps around to less than that.
@@ -77,16 +84,4 @@ inline bool BlockAllocator::isBlock(const void* address) const
     const std::uint64_t offset =
         static_cast<std::uint64_t>(static_cast<const char*>(address) - static_cast<const char*>(mpHeap));
     return offset < mHeapSize && offset * mReciprocal < mReciprocal;
-}
-
-inline void BlockAllocator::enter() const
-{
-    if (mThreadSafe)
-        mSpinLock.lock();
-}
-
-inline void BlockAllocator::leave() const
-{
-    if (mThreadSafe)
-        mSpinLock.unlock();
 }
