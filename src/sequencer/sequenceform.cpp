@@ -85,6 +85,12 @@ void SequencerTool::SequenceForm::eventMouseWheel(const sPoint& amount)
     getTrackForm()->setScrollBarPosition(getTrackForm()->getScrollBarPosition() - amount);
 }
 
+// Two quick presses are two drags.
+void SequencerTool::SequenceForm::eventMouseDoubleClick(const sPoint& position, unsigned int button)
+{
+    eventMouseDown(position, button);
+}
+
 void SequencerTool::SequenceForm::dragHead()
 {
     TrackForm& form = *getTrackForm();

@@ -17,6 +17,7 @@ public:
     void eventMouseDown(const sPoint& position, unsigned int button) override;
     void eventMouseUp(const sPoint& position, unsigned int button) override;
     void eventMouseWheel(const sPoint& amount) override;
+    void eventMouseDoubleClick(const sPoint& position, unsigned int button) override;
 
 private:
     void dragHead();

@@ -69,6 +69,12 @@ void SequencerTool::TrackInfo::eventMouseDown(const sPoint& position, unsigned i
         mExtracted = !mExtracted;
 }
 
+// Two quick presses of the box open and close it.
+void SequencerTool::TrackInfo::eventMouseDoubleClick(const sPoint& position, unsigned int button)
+{
+    eventMouseDown(position, button);
+}
+
 AutoString SequencerTool::TrackInfo::getTrackName() const
 {
     return getTrack()->getTrackName();

@@ -47,6 +47,7 @@ public:
 
     void eventPaint(UIPainter* painter) override;
     void eventMouseDown(const sPoint& position, unsigned int button) override;
+    void eventMouseDoubleClick(const sPoint& position, unsigned int button) override;
 
 private:
     AutoString getTrackName() const;

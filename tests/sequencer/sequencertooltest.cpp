@@ -90,6 +90,8 @@ TEST_F(SequencerToolTest, RowsOfBothSidesAreAsHighAsTheirLanes)
     EXPECT_EQ(lane->getRelRegion(), sRect(1, 56, static_cast<int>(getFrames(getTrack())->getSize().width) - 1, 88));
     extract();
     EXPECT_EQ(heights(), (std::vector<unsigned int>{24, 24, 25, 25}));
+    extract(), extract();
+    EXPECT_EQ(heights(), (std::vector<unsigned int>{24, 24, 25, 25})) << "each of two quick presses counts";
 }
 
 TEST_F(SequencerToolTest, TheHeadFollowsTheMouseAndGoesOnBeyondTheEdges)
@@ -120,6 +122,8 @@ TEST_F(SequencerToolTest, TheHeadFollowsTheMouseAndGoesOnBeyondTheEdges)
     EXPECT_EQ(mTool->getCurrentFrame(), 0u) << "a release ends the drag";
     click(form, sPoint(60, 32));
     EXPECT_EQ(mTool->getCurrentFrame(), 0u) << "below the ruler there is no drag";
+    click(form, sPoint(50, 31)), click(form, sPoint(60, 31));
+    EXPECT_EQ(mTool->getCurrentFrame(), 60u) << "also a quick second press is a drag";
 }
 
 TEST_F(SequencerToolTest, ABandSelectsTheFirstKeyThatItCoversTogetherWithItsLane)
