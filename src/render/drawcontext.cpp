@@ -1,7 +1,6 @@
 #include "render/drawcontext.h"
 
 #include "foundation/dev.h"
-#include "render/command.h"
 #include "render/rendersystem.h"
 #include "render/texture.h"
 
@@ -14,6 +13,7 @@
 namespace
 {
 constexpr unsigned int BlockSize = 0x10000;
+constexpr unsigned int CommandAlignment = 8;
 constexpr unsigned int VertexHeapSize = 16384;
 constexpr unsigned int PendingEntryNum = 1024;
 constexpr unsigned int EntryHeapSize = PendingEntryNum * sizeof(sCommand*);
@@ -61,12 +61,17 @@ void formatVertices(Destination* destination, const Source* source, unsigned int
 }
 
 static_assert(VertexHeapSize / sizeof(sPlainVertex) * sizeof(sPlainVertex) + 4 <= VertexHeapSize);
+
+// Batches of both kinds of vertices end at the same number of them.
+constexpr unsigned int getDeviceCapacity(eVertexDecl declaration)
+{
+    return VertexHeapSize / getSourceStride(declaration) * getDeviceStride(declaration);
+}
 }
 
 DrawContext::DrawContext(RenderSystem& system)
     : mSystem(system),
       mCurrent(NoState),
-      mFlushed(NoState),
       mVertexAllocator(VertexHeapSize, "Context vertices allocator", System::getAllocator(), false),
       mEntryAllocator(EntryHeapSize, "Temporary command entry buffer allocator", System::getAllocator(), false)
 {
@@ -113,14 +118,56 @@ void DrawContext::setRenderTarget(Texture* target)
         target->protect(mSystem.getBuildFrame());
 }
 
-// Takes the heap as a whole, so that vertices need no more than a sum. What does not fit trips the allocator.
-void DrawContext::startBatch(unsigned int size)
+void DrawContext::makeRoom(unsigned int size)
 {
     if (size == 0)
         dev_assert("Undefined vertex declaration.", __FILE__, __LINE__);
+    if (!mDirty && moveDeviceBatch(size))
+        return;
     flushVertices();
+    mDirty = false;
+    if (mDevice)
+        startDeviceBatch(size);
+    else
+        startBatch(size);
+}
+
+// Takes the heap as a whole, so that vertices need no more than a sum. What does not fit trips the allocator.
+void DrawContext::startBatch(unsigned int size)
+{
+    fillHead(mHead);
+    mVertexAllocator.clear();
     mVertexFree = std::max(size, VertexHeapSize);
     mpVertexWrite = static_cast<unsigned char*>(mVertexAllocator.allocate(static_cast<int>(mVertexFree), 4));
+}
+
+void DrawContext::startDeviceBatch(unsigned int size)
+{
+    const unsigned int capacity = getDeviceCapacity(mCurrent.vertexDecl);
+    if (size > capacity)
+        dev_assert("Too many vertices.", __FILE__, __LINE__);
+    mpDeviceBatch = placeCommand(mCurrent.vertexDecl, size);
+    fillHead(*mpDeviceBatch);
+    mpVertexWrite = static_cast<unsigned char*>(mpDeviceBatch->vertices);
+    mVertexFree = std::min(capacity, static_cast<unsigned int>(mpBlockEnd - mpVertexWrite));
+}
+
+// Into the next block, since the rest of this one is too small. False if the batch is full.
+bool DrawContext::moveDeviceBatch(unsigned int size)
+{
+    if (!mpDeviceBatch)
+        return false;
+    const unsigned int capacity = getDeviceCapacity(mCurrent.vertexDecl);
+    const sDrawCommand& former = *mpDeviceBatch;
+    const unsigned int used = static_cast<unsigned int>(mpVertexWrite - static_cast<unsigned char*>(former.vertices));
+    if (used + size > capacity)
+        return false;
+    mpDeviceBatch = placeCommand(mCurrent.vertexDecl, used + size);
+    fillHead(*mpDeviceBatch);
+    std::memcpy(mpDeviceBatch->vertices, former.vertices, used);
+    mpVertexWrite = static_cast<unsigned char*>(mpDeviceBatch->vertices) + used;
+    mVertexFree = std::min(capacity - used, static_cast<unsigned int>(mpBlockEnd - mpVertexWrite));
+    return true;
 }
 
 void DrawContext::clear(const sRect& rect, sColor color)
@@ -133,34 +180,51 @@ void DrawContext::clear(const sRect& rect, sColor color)
 
 void DrawContext::flushVertices()
 {
-    if (mVertexNum)
-    {
-        sDrawCommand* command = allocateDrawCommand(getDeviceStride(mFlushed.vertexDecl), mVertexNum);
-        command->kind = eCommand::Draw;
-        command->key = mFlushed.key;
-        command->state = {static_cast<unsigned int>(mFlushed.blendMode),
-                          static_cast<unsigned int>(mFlushed.primitiveType),
-                          static_cast<unsigned int>(mFlushed.filtering),
-                          static_cast<unsigned int>(mFlushed.combineMode),
-                          static_cast<unsigned int>(mFlushed.vertexDecl),
-                          mVertexNum,
-                          0};
-        command->texture = mFlushed.texture;
-        command->target = mFlushed.renderTarget;
-        command->viewport = mFlushed.viewport;
-        command->scissor = mFlushed.scissor;
-        command->projection = mFlushed.projection;
-        formatVertex(command->vertices, mVertexAllocator.getHeap(), mVertexNum, mFlushed);
-        entryCommand(command);
-    }
-
-    const unsigned int view = mFlushed.view;
-    mFlushed = mCurrent;
-    mFlushed.view = view;
-    mVertexAllocator.clear();
+    if (mpDeviceBatch)
+        finishDeviceBatch();
+    else if (mVertexNum)
+        finishBatch();
+    mpDeviceBatch = nullptr;
     mVertexFree = 0;
     mVertexNum = 0;
-    mDirty = false;
+}
+
+void DrawContext::finishBatch()
+{
+    const eVertexDecl declaration = mHead.state.getVertexDecl();
+    const unsigned int size = mVertexNum * getDeviceStride(declaration);
+    sDrawCommand* command = placeCommand(declaration, size);
+    mpBlockWrite = static_cast<unsigned char*>(command->vertices) + size;
+    mHead.vertices = command->vertices;
+    mHead.state.vertexNum = mVertexNum;
+    *command = mHead;
+    formatVertex(command->vertices, mVertexAllocator.getHeap(), command->state);
+    entryCommand(command);
+}
+
+void DrawContext::finishDeviceBatch()
+{
+    mpDeviceBatch->state.vertexNum = mVertexNum;
+    mpBlockWrite = mpVertexWrite;
+    entryCommand(mpDeviceBatch);
+}
+
+void DrawContext::fillHead(sDrawCommand& head) const
+{
+    head.kind = eCommand::Draw;
+    head.key = mCurrent.key;
+    head.state = {static_cast<unsigned int>(mCurrent.blendMode),
+                  static_cast<unsigned int>(mCurrent.primitiveType),
+                  static_cast<unsigned int>(mCurrent.filtering),
+                  static_cast<unsigned int>(mCurrent.combineMode),
+                  static_cast<unsigned int>(mCurrent.vertexDecl),
+                  0,
+                  0};
+    head.texture = mCurrent.texture;
+    head.target = mCurrent.renderTarget;
+    head.viewport = mCurrent.viewport;
+    head.scissor = mCurrent.scissor;
+    head.projection = mCurrent.projection;
 }
 
 bool DrawContext::hasRoom() const
@@ -187,7 +251,6 @@ void DrawContext::setup()
     mCurrent = {0,       0,       eBlendMode::Opaque,        ePrimitiveType::Quads,         eVertexDecl::Plain,
                 nullptr, nullptr, eTextureFiltering::Linear, eTextureCombineMode::Modulate, window,
                 window,  window};
-    mFlushed = NoState;
     mVertexFree = 0;
     mVertexNum = 0;
     mDirty = true;
@@ -208,24 +271,27 @@ void DrawContext::initCommandBuffer()
 
 void* DrawContext::allocateCommandBuffer(unsigned int size)
 {
-    const unsigned int rounded = AllocatorBase::align(size, 8);
-    if (mpBlockEnd - mpBlockWrite < static_cast<std::ptrdiff_t>(rounded))
+    unsigned char* memory = static_cast<unsigned char*>(AllocatorBase::align(mpBlockWrite, CommandAlignment));
+    if (mpBlockEnd - memory < static_cast<std::ptrdiff_t>(size))
+    {
         initCommandBuffer();
-    void* memory = mpBlockWrite;
-    mpBlockWrite += rounded;
+        memory = mpBlockWrite;
+    }
+    mpBlockWrite = memory + size;
     return memory;
 }
 
-// With its vertices a multiple of the stride behind the start of all command memory, so that the replay can draw by
-// index.
-sDrawCommand* DrawContext::allocateDrawCommand(unsigned int stride, unsigned int vertexNum)
+// With room for its vertices a multiple of the stride behind the start of all command memory, so that the replay can
+// draw by index. How far they really reach is told by mpBlockWrite later.
+sDrawCommand* DrawContext::placeCommand(eVertexDecl declaration, unsigned int vertexSize)
 {
     constexpr unsigned int CommandSize = sizeof(sDrawCommand);
-    auto* memory = static_cast<unsigned char*>(allocateCommandBuffer(CommandSize + (vertexNum + 1) * stride));
+    const unsigned int stride = getDeviceStride(declaration);
+    auto* memory = static_cast<unsigned char*>(allocateCommandBuffer(CommandSize + stride + vertexSize));
     const auto offset =
         static_cast<unsigned int>(memory + CommandSize - static_cast<const unsigned char*>(mSystem.getCommandMemory()));
-    const unsigned int beyond = stride == sizeof(sPlainDeviceVertex) ? offset % sizeof(sPlainDeviceVertex)
-                                                                     : offset % sizeof(sTexturedDeviceVertex);
+    const unsigned int beyond = declaration == eVertexDecl::Plain ? offset % sizeof(sPlainDeviceVertex)
+                                                                  : offset % sizeof(sTexturedDeviceVertex);
     auto* command = reinterpret_cast<sDrawCommand*>(memory);
     command->vertices = memory + CommandSize + (beyond ? stride - beyond : 0);
     return command;
@@ -246,14 +312,14 @@ void DrawContext::flushCommand()
     mEntryNum = 0;
 }
 
-void DrawContext::formatVertex(void* destination, const void* source, unsigned int count, const Context& context)
+void DrawContext::formatVertex(void* destination, const void* source, const sDrawState& state)
 {
     // Points and lines are moved to the centres of pixels; what has a texture is never moved.
-    const float offset = context.primitiveType < ePrimitiveType::Triangles ? 0.5f : 0.0f;
-    if (context.vertexDecl == eVertexDecl::Plain)
-        formatVertices(static_cast<sPlainDeviceVertex*>(destination), static_cast<const sPlainVertex*>(source), count,
-                       offset);
+    const float offset = state.getPrimitiveType() < ePrimitiveType::Triangles ? 0.5f : 0.0f;
+    if (state.getVertexDecl() == eVertexDecl::Plain)
+        formatVertices(static_cast<sPlainDeviceVertex*>(destination), static_cast<const sPlainVertex*>(source),
+                       state.vertexNum, offset);
     else
         formatVertices(static_cast<sTexturedDeviceVertex*>(destination), static_cast<const sTexturedVertex*>(source),
-                       count, 0.0f);
+                       state.vertexNum, 0.0f);
 }

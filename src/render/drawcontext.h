@@ -3,15 +3,13 @@
 #include "foundation/instantallocator.h"
 #include "foundation/scolor.h"
 #include "foundation/srect.h"
-#include "render/drawstate.h"
+#include "render/command.h"
 #include "render/vertex.h"
 
 #include <cstddef>
 
 class RenderSystem;
 class Texture;
-struct sCommand;
-struct sDrawCommand;
 
 // One recorder of drawing, owned by RenderSystem and used by one thread at a time. The caller sets state, asks for
 // vertices and writes them; runs of equal state become draw commands on their own.
@@ -76,15 +74,14 @@ public:
     // before the next call. At most 1365 plain or 1024 textured ones at once.
     void* allocateVertices(ePrimitiveType type, unsigned int count)
     {
-        const unsigned int size = count * getSourceStride(mCurrent.vertexDecl);
-        change(mCurrent.primitiveType, type);
-        if (mDirty || size == 0 || mVertexFree < size)
-            startBatch(size);
-        void* vertices = mpVertexWrite;
-        mpVertexWrite += size;
-        mVertexFree -= size;
-        mVertexNum += count;
-        return vertices;
+        return allocate(false, type, count * getSourceStride(mCurrent.vertexDecl), count);
+    }
+
+    // The same for who writes sPlainDeviceVertex or sTexturedDeviceVertex, in their place for good: z is 0, and plain
+    // points and lines run through the centres of pixels. A batch has vertices of one of the two kinds.
+    void* allocateDeviceVertices(ePrimitiveType type, unsigned int count)
+    {
+        return allocate(true, type, count * getDeviceStride(mCurrent.vertexDecl), count);
     }
 
     // On purpose: enters the system at once, ahead of this context's earlier draws, and so precedes those of its key.
@@ -118,24 +115,47 @@ private:
         return true;
     }
 
+    void* allocate(bool device, ePrimitiveType type, unsigned int size, unsigned int count)
+    {
+        change(mCurrent.primitiveType, type);
+        change(mDevice, device);
+        if (mDirty || size == 0 || mVertexFree < size)
+            makeRoom(size);
+        void* vertices = mpVertexWrite;
+        mpVertexWrite += size;
+        mVertexFree -= size;
+        mVertexNum += count;
+        return vertices;
+    }
+
+    void makeRoom(unsigned int size);
     void startBatch(unsigned int size);
+    void startDeviceBatch(unsigned int size);
+    bool moveDeviceBatch(unsigned int size);
+    void finishBatch();
+    void finishDeviceBatch();
+    void fillHead(sDrawCommand& head) const;
     void initCommandBuffer();
     void* allocateCommandBuffer(unsigned int size);
-    sDrawCommand* allocateDrawCommand(unsigned int stride, unsigned int vertexNum);
+    sDrawCommand* placeCommand(eVertexDecl declaration, unsigned int vertexSize);
     void entryCommand(sCommand* command);
     void flushCommand();
-    static void formatVertex(void* destination, const void* source, unsigned int count, const Context& context);
+    static void formatVertex(void* destination, const void* source, const sDrawState& state);
 
     RenderSystem& mSystem;
     unsigned char* mpBlockBegin = nullptr;
     unsigned char* mpBlockEnd = nullptr;
     unsigned char* mpBlockWrite = nullptr;
     Context mCurrent;
-    Context mFlushed;
+
+    // Of the batch at work, whose vertices either wait for being formatted, or lie behind their command.
+    sDrawCommand mHead = {};
+    sDrawCommand* mpDeviceBatch = nullptr;
     unsigned char* mpVertexWrite = nullptr;
     unsigned int mVertexFree = 0;
     unsigned int mVertexNum = 0;
     bool mDirty = true;
+    bool mDevice = false;
     sCommand** mpEntry = nullptr;
     unsigned int mEntryNum = 0;
     InstantAllocator mVertexAllocator;

@@ -21,6 +21,7 @@ namespace
 {
 // Characters of one batch, chosen to stay well below the vertices that a context takes at once.
 constexpr unsigned int ChunkLength = 200;
+constexpr unsigned int VertexPerCell = 4;
 
 // Texels as a vertex has them, in one word.
 constexpr unsigned int joinTexcoord(int s, int t)
@@ -29,48 +30,117 @@ constexpr unsigned int joinTexcoord(int s, int t)
            static_cast<unsigned int>(static_cast<unsigned short>(t)) << 16;
 }
 
-sVector toVector(const sPoint& point)
+// Numbers with 16 fractional bits as the graphics library receives them.
+__m128 toFloat(__m128i fixed)
 {
-    return {point.x, point.y};
+    return _mm_mul_ps(_mm_cvtepi32_ps(fixed), _mm_set1_ps(1.0f / 65536.0f));
 }
 
-// In whole words: the four bytes of a colour would be stored one by one, and what reads the vertex next would wait for
-// each of them.
-void writeVertex(sPlainVertex*& vertex, const sVector& position, sColor color)
+// Two points in pixels. On purpose: they wrap as numbers with 16 fractional bits do.
+__m128 toFloat(int x0, int y0, int x1, int y1)
 {
-    vertex->position = position;
-    std::memcpy(&vertex->color, &color, sizeof(color));
-    ++vertex;
+    return toFloat(_mm_slli_epi32(_mm_setr_epi32(x0, y0, x1, y1), 16));
 }
 
-void writeVertex(sTexturedVertex*& vertex, const sVector& position, sColor color, int s, int t)
+// The second half of a vertex: no depth, and its colour.
+__m128i toDepthAndColor(sColor color)
 {
-    const auto low = static_cast<std::uint64_t>(static_cast<unsigned int>(position.x.getRaw())) |
-                     static_cast<std::uint64_t>(static_cast<unsigned int>(position.y.getRaw())) << 32;
-    const auto high = std::bit_cast<unsigned int>(color) | static_cast<std::uint64_t>(joinTexcoord(s, t)) << 32;
-    const __m128i words = _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(vertex++), words);
+    return _mm_slli_epi64(_mm_cvtsi32_si128(std::bit_cast<int>(color)), 32);
 }
 
+// The first of two points.
 template <typename Vertex>
-Vertex* allocateVertices(DrawContext* context, ePrimitiveType type, unsigned int count)
+void store(Vertex* vertex, __m128 points, __m128i depthAndColor)
 {
-    return static_cast<Vertex*>(context->allocateVertices(type, count));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(vertex), _mm_unpacklo_epi64(_mm_castps_si128(points), depthAndColor));
 }
 
-// Where the picture of each character stands in the font texture, in words as a vertex has them.
+class PlainWriter
+{
+public:
+    PlainWriter(DrawContext* context, ePrimitiveType type, unsigned int count)
+        : mpVertex(static_cast<sPlainDeviceVertex*>(context->allocateDeviceVertices(type, count)))
+    {
+    }
+
+    void write(__m128 points, sColor color) { store(mpVertex++, points, toDepthAndColor(color)); }
+
+    // Through the centres of pixels.
+    void writeLine(int x0, int y0, int x1, int y1, sColor c0, sColor c1)
+    {
+        const __m128 ends = _mm_add_ps(toFloat(x0, y0, x1, y1), _mm_set1_ps(0.5f));
+        write(ends, c0);
+        write(_mm_movehl_ps(ends, ends), c1);
+    }
+
+private:
+    sPlainDeviceVertex* mpVertex;
+};
+
+class TexturedWriter
+{
+public:
+    TexturedWriter(DrawContext* context, ePrimitiveType type, unsigned int count)
+        : mpVertex(static_cast<sTexturedDeviceVertex*>(context->allocateDeviceVertices(type, count)))
+    {
+    }
+
+    void write(__m128 points, sColor color, int s, int t)
+    {
+        store(mpVertex, points, toDepthAndColor(color));
+        const unsigned int texel = joinTexcoord(s, t);
+        std::memcpy(&mpVertex->s, &texel, sizeof(texel));
+        ++mpVertex;
+    }
+
+private:
+    sTexturedDeviceVertex* mpVertex;
+};
+
+// The corners of a rectangle from the points left top and right bottom.
+__m128 getRightTop(__m128 rect)
+{
+    return _mm_shuffle_ps(rect, rect, _MM_SHUFFLE(1, 2, 1, 2));
+}
+
+__m128 getLeftBottom(__m128 rect)
+{
+    return _mm_shuffle_ps(rect, rect, _MM_SHUFFLE(3, 0, 3, 0));
+}
+
+__m128 getRightBottom(__m128 rect)
+{
+    return _mm_movehl_ps(rect, rect);
+}
+
+__m128 toFloat(const sRect& rect)
+{
+    return toFloat(rect.left, rect.top, rect.right, rect.bottom);
+}
+
+__m128 toFloat(const sPoint& point)
+{
+    return toFloat(point.x, point.y, point.x, point.y);
+}
+
+// Where the picture of each character stands in the font texture: the texels of its corners in words as a vertex has
+// them.
 // On purpose: the code counts as a signed byte, so that what the font does not hold, control characters and bytes
 // from 0x80 on, lies outside its rows and shows as a blank.
-constexpr std::array<unsigned int, 256> CharacterTexels = []
+using CellTexels = std::array<unsigned int, VertexPerCell>;
+constexpr std::array<CellTexels, 256> CharacterTexels = []
 {
     constexpr int CharactersPerRow = 16;
-    std::array<unsigned int, 256> texels = {};
+    constexpr int Width = ToolSystem::FontWidth;
+    constexpr int Height = ToolSystem::FontHeight;
+    std::array<CellTexels, 256> texels = {};
     for (unsigned int i = 0; i < texels.size(); ++i)
     {
         const int code = static_cast<signed char>(i - ' ');
-        const int s = code % CharactersPerRow * static_cast<int>(ToolSystem::FontWidth);
-        const int t = code / CharactersPerRow * static_cast<int>(ToolSystem::FontHeight);
-        texels[i] = joinTexcoord(s, t);
+        const int s = code % CharactersPerRow * Width;
+        const int t = code / CharactersPerRow * Height;
+        texels[i] = {joinTexcoord(s, t), joinTexcoord(s + Width, t), joinTexcoord(s, t + Height),
+                     joinTexcoord(s + Width, t + Height)};
     }
     return texels;
 }();
@@ -81,14 +151,14 @@ class Cell
 public:
     Cell(const sPoint& position, unsigned int size, sColor color)
     {
-        const sVector leftTop = toVector(position);
+        const sVector leftTop(position.x, position.y);
         const sVector rightBottom = leftTop + sVector(static_cast<int>(size), static_cast<int>(size * 2));
         mTop = join(leftTop.x, leftTop.y, rightBottom.x, leftTop.y);
         mBottom = join(leftTop.x, rightBottom.y, rightBottom.x, rightBottom.y);
         mRight = rightBottom.x;
         mWidth = sFixed(static_cast<int>(size), 16);
         mStep = join(mWidth, sFixed::Zero, mWidth, sFixed::Zero);
-        mColor = _mm_set1_epi32(std::bit_cast<int>(color));
+        mDepthAndColor = toDepthAndColor(color);
     }
 
     bool endsInside(const sRect& clip) const { return static_cast<int>(mRight) <= clip.right; }
@@ -100,27 +170,22 @@ public:
         mRight += mWidth;
     }
 
-    sTexturedVertex* write(sTexturedVertex* vertex, char character) const
+    void write(sTexturedDeviceVertex* vertex, char character) const
     {
-        constexpr int Width = ToolSystem::FontWidth;
-        constexpr int Height = ToolSystem::FontHeight;
-        const __m128i corners = _mm_setr_epi16(0, 0, Width, 0, 0, Height, Width, Height);
-        const int texel = static_cast<int>(CharacterTexels[static_cast<unsigned char>(character)]);
-        const __m128i texels = _mm_add_epi16(_mm_set1_epi32(texel), corners);
-        const __m128i top = _mm_unpacklo_epi32(mColor, texels);
-        const __m128i bottom = _mm_unpackhi_epi32(mColor, texels);
-        store(vertex, _mm_unpacklo_epi64(mTop, top));
-        store(vertex + 1, _mm_unpackhi_epi64(mTop, top));
-        store(vertex + 2, _mm_unpacklo_epi64(mBottom, bottom));
-        store(vertex + 3, _mm_unpackhi_epi64(mBottom, bottom));
-        return vertex + 4;
+        const CellTexels& texels = CharacterTexels[static_cast<unsigned char>(character)];
+        const __m128 top = toFloat(mTop);
+        const __m128 bottom = toFloat(mBottom);
+        write(vertex, top, texels[0]);
+        write(vertex + 1, _mm_movehl_ps(top, top), texels[1]);
+        write(vertex + 2, bottom, texels[2]);
+        write(vertex + 3, _mm_movehl_ps(bottom, bottom), texels[3]);
     }
 
-    // A corner without an area.
-    sTexturedVertex* writePoint(sTexturedVertex* vertex) const
+    // Four corners without an area.
+    void writePoint(sTexturedDeviceVertex* vertex) const
     {
-        store(vertex, _mm_unpacklo_epi64(mTop, _mm_unpacklo_epi32(mColor, _mm_setzero_si128())));
-        return vertex + 1;
+        for (unsigned int i = 0; i < VertexPerCell; ++i)
+            write(vertex + i, toFloat(mTop), 0);
     }
 
 private:
@@ -129,15 +194,16 @@ private:
         return _mm_setr_epi32(x0.getRaw(), y0.getRaw(), x1.getRaw(), y1.getRaw());
     }
 
-    static void store(sTexturedVertex* vertex, __m128i words)
+    void write(sTexturedDeviceVertex* vertex, __m128 points, unsigned int texel) const
     {
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(vertex), words);
+        store(vertex, points, mDepthAndColor);
+        std::memcpy(&vertex->s, &texel, sizeof(texel));
     }
 
     __m128i mTop;
     __m128i mBottom;
     __m128i mStep;
-    __m128i mColor;
+    __m128i mDepthAndColor;
     sFixed mRight;
     sFixed mWidth;
 };
@@ -189,46 +255,55 @@ void ToolSystem::postprocess()
 
 void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3)
 {
-    auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Quads, 4);
-    writeVertex(vertex, sVector(rect.left, rect.top), c0);
-    writeVertex(vertex, sVector(rect.right, rect.top), c1);
-    writeVertex(vertex, sVector(rect.left, rect.bottom), c2);
-    writeVertex(vertex, sVector(rect.right, rect.bottom), c3);
+    const __m128 corners = toFloat(rect);
+    PlainWriter writer(context, ePrimitiveType::Quads, 4);
+    writer.write(corners, c0);
+    writer.write(getRightTop(corners), c1);
+    writer.write(getLeftBottom(corners), c2);
+    writer.write(getRightBottom(corners), c3);
 }
 
 void ToolSystem::drawRect(DrawContext* context, const sRect& rect, sColor c0, sColor c1, sColor c2, sColor c3,
                           const sTexcoord& topLeft, const sTexcoord& bottomRight)
 {
-    auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Quads, 4);
-    writeVertex(vertex, sVector(rect.left, rect.top), c0, topLeft.x, topLeft.y);
-    writeVertex(vertex, sVector(rect.right, rect.top), c1, bottomRight.x, topLeft.y);
-    writeVertex(vertex, sVector(rect.left, rect.bottom), c2, topLeft.x, bottomRight.y);
-    writeVertex(vertex, sVector(rect.right, rect.bottom), c3, bottomRight.x, bottomRight.y);
+    const __m128 corners = toFloat(rect);
+    TexturedWriter writer(context, ePrimitiveType::Quads, 4);
+    writer.write(corners, c0, topLeft.x, topLeft.y);
+    writer.write(getRightTop(corners), c1, bottomRight.x, topLeft.y);
+    writer.write(getLeftBottom(corners), c2, topLeft.x, bottomRight.y);
+    writer.write(getRightBottom(corners), c3, bottomRight.x, bottomRight.y);
 }
 
 void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
                               sColor c1, sColor c2)
 {
-    auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Triangles, 3);
-    writeVertex(vertex, toVector(p0), c0);
-    writeVertex(vertex, toVector(p1), c1);
-    writeVertex(vertex, toVector(p2), c2);
+    PlainWriter writer(context, ePrimitiveType::Triangles, 3);
+    writer.write(toFloat(p0), c0);
+    writer.write(toFloat(p1), c1);
+    writer.write(toFloat(p2), c2);
 }
 
 void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
                               sColor c1, sColor c2, const sTexcoord& t0, const sTexcoord& t1, const sTexcoord& t2)
 {
-    auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Triangles, 3);
-    writeVertex(vertex, toVector(p0), c0, t0.x, t0.y);
-    writeVertex(vertex, toVector(p1), c1, t1.x, t1.y);
-    writeVertex(vertex, toVector(p2), c2, t2.x, t2.y);
+    TexturedWriter writer(context, ePrimitiveType::Triangles, 3);
+    writer.write(toFloat(p0), c0, t0.x, t0.y);
+    writer.write(toFloat(p1), c1, t1.x, t1.y);
+    writer.write(toFloat(p2), c2, t2.x, t2.y);
 }
 
 void ToolSystem::drawLine(DrawContext* context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1)
 {
-    auto* vertex = allocateVertices<sPlainVertex>(context, ePrimitiveType::Lines, 2);
-    writeVertex(vertex, toVector(p0), c0);
-    writeVertex(vertex, toVector(p1), c1);
+    PlainWriter(context, ePrimitiveType::Lines, 2).writeLine(p0.x, p0.y, p1.x, p1.y, c0, c1);
+}
+
+void ToolSystem::drawBevel(DrawContext* context, const sRect& rect, sColor topLeft, sColor bottomRight)
+{
+    PlainWriter writer(context, ePrimitiveType::Lines, 8);
+    writer.writeLine(rect.left, rect.top, rect.right, rect.top, topLeft, topLeft);
+    writer.writeLine(rect.left, rect.top, rect.left, rect.bottom, topLeft, topLeft);
+    writer.writeLine(rect.left, rect.bottom - 1, rect.right, rect.bottom - 1, bottomRight, bottomRight);
+    writer.writeLine(rect.right - 1, rect.top, rect.right - 1, rect.bottom, bottomRight, bottomRight);
 }
 
 void ToolSystem::drawString(DrawContext* context, const sPoint& position, const char* text, unsigned int size,
@@ -240,13 +315,14 @@ void ToolSystem::drawString(DrawContext* context, const sPoint& position, const 
     for (Cell cell(position, size, color); rest && cell.endsInside(clip);)
     {
         const unsigned int length = static_cast<unsigned int>(std::min<std::size_t>(rest, ChunkLength));
-        auto* vertex = allocateVertices<sTexturedVertex>(context, ePrimitiveType::Quads, length * 4);
-        const sTexturedVertex* end = vertex + length * 4;
-        for (unsigned int i = 0; i < length && cell.endsInside(clip); ++i, cell.advance())
-            vertex = cell.write(vertex, text[i]);
+        auto* vertex = static_cast<sTexturedDeviceVertex*>(
+            context->allocateDeviceVertices(ePrimitiveType::Quads, length * VertexPerCell));
+        const sTexturedDeviceVertex* end = vertex + length * VertexPerCell;
+        for (unsigned int i = 0; i < length && cell.endsInside(clip); ++i, cell.advance(), vertex += VertexPerCell)
+            cell.write(vertex, text[i]);
         // Characters behind the clip are part of the batch all the same; without an area they do not show.
-        while (vertex != end)
-            vertex = cell.writePoint(vertex);
+        for (; vertex != end; vertex += VertexPerCell)
+            cell.writePoint(vertex);
         text += length;
         rest -= length;
     }

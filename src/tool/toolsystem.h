@@ -62,6 +62,9 @@ public:
                              sColor c1, sColor c2, const sTexcoord& t0, const sTexcoord& t1, const sTexcoord& t2);
     static void drawLine(DrawContext* context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1);
 
+    // Four lines on the inside of a rectangle, each one pixel wide, in the order top, left, bottom, right.
+    static void drawBevel(DrawContext* context, const sRect& rect, sColor topLeft, sColor bottomRight);
+
     // Draws whole characters, `size` pixels wide and twice as high, as far as they lie inside `clip`; a text that
     // starts left of or above it, or whose first character crosses it, is left out.
     static void drawString(DrawContext* context, const sPoint& position, const char* text, unsigned int size,

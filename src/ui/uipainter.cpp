@@ -292,19 +292,10 @@ void UIPainter::beginTextured()
         mContext->setTexture(mTexture);
 }
 
-// Four lines, each one pixel wide, in the order top, left, bottom, right.
 void UIPainter::drawBevel(const sRect& rect, sColor topLeft, sColor bottomRight)
 {
-    const sRect box = rect + mOrigin;
-    const auto draw = [this](const sPoint& a, const sPoint& b, sColor color)
-    {
-        ToolSystem::drawLine(mContext, a, b, color, color);
-    };
     beginPlain();
-    draw({box.left, box.top}, {box.right, box.top}, topLeft);
-    draw({box.left, box.top}, {box.left, box.bottom}, topLeft);
-    draw({box.left, box.bottom - 1}, {box.right, box.bottom - 1}, bottomRight);
-    draw({box.right - 1, box.top}, {box.right - 1, box.bottom}, bottomRight);
+    ToolSystem::drawBevel(mContext, rect + mOrigin, topLeft, bottomRight);
 }
 
 // Texture and filtering are not put back: textured primitives set their own each time.

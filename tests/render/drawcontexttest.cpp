@@ -76,6 +76,28 @@ TEST_F(DrawContextTest, PlacesVerticesByMultiplesOfTheirStride)
     EXPECT_EQ(vertexNum, 600u * 601 / 2);
 }
 
+TEST_F(DrawContextTest, KeepsBothKindsOfVerticesInOrderAcrossBlocks)
+{
+    constexpr int Num = 12000;
+    for (int i = 0; i < Num; ++i)
+    {
+        if (i / 3000 % 2)
+            *static_cast<sPlainVertex*>(mContext->allocateVertices(ePrimitiveType::Triangles, 1)) = {{i, 0}, {}};
+        else
+            *static_cast<sPlainDeviceVertex*>(mContext->allocateDeviceVertices(ePrimitiveType::Triangles, 1)) = {
+                static_cast<float>(i), 0.0f, 0.0f, {}};
+    }
+    int next = 0;
+    for (const sCommand* command : recorded())
+    {
+        const auto* draw = static_cast<const sDrawCommand*>(command);
+        ASSERT_LE(draw->state.vertexNum, 1365u) << "batches of both kinds end at the same number";
+        for (unsigned int i = 0; i < draw->state.vertexNum; ++i)
+            ASSERT_EQ(static_cast<const sPlainDeviceVertex*>(draw->vertices)[i].x, static_cast<float>(next++));
+    }
+    EXPECT_EQ(next, Num);
+}
+
 TEST_F(DrawContextTest, AClearOvertakesEarlierDrawsOfItsKey)
 {
     addQuad();
