@@ -6,6 +6,7 @@
 #include "resource/textureresourcetga.h"
 #include "sequencer/sequencerkey.h"
 #include "sequencer/sequencerlane.h"
+#include "sequencer/sequencermarker.h"
 #include "sequencer/sequencerresourceintermediate.h"
 #include "sequencer/sequencertrack.h"
 #include "tests/support/apart.h"
@@ -216,6 +217,8 @@ TEST(EditorTest, MarkersLeadThePlayHeadAround)
         driver.strikeWith(KeyboardSystem::LeftControl, key);
         EXPECT_EQ(driver.getTool().getCurrentFrame(), frame);
     }
+    enter(1, "20");
+    EXPECT_EQ(driver.getTool().getSelectMarker()->getFrame(), 20u);
 }
 
 TEST(EditorTest, AnAnimationPlaysWithinAnother)
