@@ -171,8 +171,6 @@ void UIFileDialog::eventOk()
     }
     if (mOverwriteWarning && Utils::isFileExist(getFullPath().c_str()))
     {
-        // Keys would still reach the list below the question, and choose a file that it is not about.
-        UISystem::getInstance()->defocus();
         UISystem::getInstance()->addWindow(
             new UIMessageDialog("Causion", "File already exists.Are you sure to overwrite?", eButtons::YesNoCancel,
                                 this, &UIFileDialog::notifyOverwriteWarning));

@@ -385,7 +385,8 @@ void UISystem::handleKeyEvent(UIBase* target)
     const unsigned int combination = UIKeyCode::getCombination(
         [&keyboard](unsigned int usage) { return keyboard.checkKeyOn(static_cast<KeyboardSystem::eKeyCode>(usage)); });
 
-    if (down)
+    // What a key began before the modal window came still ends as it comes up.
+    if (down && !isUnderModal(target))
         target->sendMessage(UIKeyDownMessage(down, combination));
     if (up)
         target->sendMessage(UIKeyUpMessage(up, combination));
@@ -509,6 +510,12 @@ bool UISystem::noteMove(const sPoint& position)
 bool UISystem::isBlocked(const UIWindow* window) const
 {
     return mActiveWindow && mActiveWindow != window && mActiveWindow->isModalWindow();
+}
+
+bool UISystem::isUnderModal(UIBase* element) const
+{
+    return mActiveWindow && mActiveWindow->isModalWindow() && !mActiveWindow->find(element) &&
+           !UIMenuChain(mMenu).contains(element);
 }
 
 void UISystem::showCursor(UIBase::eCursor cursor)

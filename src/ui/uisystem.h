@@ -117,6 +117,7 @@ private:
     void leaveAll();
     bool noteMove(const sPoint& position);
     bool isBlocked(const UIWindow* window) const;
+    bool isUnderModal(UIBase* element) const;
     void showCursor(UIBase::eCursor cursor);
 
     void traceLackOfRoom();

@@ -198,6 +198,7 @@ TEST_F(UISystemTest, ModalWindowsTakeAllPressesAndTheWheel)
 
     mInterface.release();
     mInterface.turnWheel(2);
+    EXPECT_EQ(pressKey(KeyA), "e.keyup:65") << "what was held is let go";
     EXPECT_EQ(click({120, 120}), "e.move(10,10)") << "moves are for all";
     EXPECT_EQ(click({301, 390}), "m.move(1,90)") << "the older box waits";
     EXPECT_EQ(click({351, 399}), "n.move(1,99) n.focus e.defocus n.down(1,99):1 n.up(1,99):1");
