@@ -163,10 +163,10 @@ ToolBase::ResourceHold ToolBase::getKind() const
     return ResourceHold(resource);
 }
 
-// A dialog for which there is no memory leaves the tool as it is.
+// A dialog for which there is no memory, or no functor that could bring its answer, leaves the tool as it is.
 void ToolBase::open(UIDialog* dialog)
 {
-    mDialogOpen = dialog != nullptr;
+    mDialogOpen = dialog && dialog->hasReceiver();
     UISystem::getInstance()->addWindow(dialog);
 }
 

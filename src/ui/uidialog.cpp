@@ -1,5 +1,6 @@
 #include "ui/uidialog.h"
 
+#include "foundation/dev.h"
 #include "ui/uisystem.h"
 
 #include <utility>
@@ -29,6 +30,16 @@ void UIDialog::notifyInvalidate(UIBase* element)
 {
     if (mReceiver.compare_exchange_strong(element, nullptr))
         mFunctor.reset();
+}
+
+// Its buttons have no functors either, if there were none left for itself: a modal one would be in the way for good.
+void UIDialog::eventCreate()
+{
+    UIWindow::eventCreate();
+    if (hasReceiver())
+        return;
+    DEV_TRACE("UIDialog : nobody hears of the answer to \"%s\".\n", getTitle().c_str());
+    UISystem::getInstance()->removeWindow(this);
 }
 
 // The functor leaves the dialog first: it is called once, and lives until it has returned, even if its receiver does

@@ -42,7 +42,13 @@ public:
 
     unsigned int getReturnValue() const { return mReturnValue; }
 
+    // False when there was no functor left to make, or once the receiver is dead: nobody will hear of the answer.
+    bool hasReceiver() const { return mFunctor != nullptr; }
+
     void notifyInvalidate(UIBase* element) override;
+
+    // A dialog without a receiver goes again at once.
+    void eventCreate() override;
     void eventClose() override;
 
     // A button was chosen; each closes the dialog with its answer.

@@ -1,5 +1,6 @@
 #include "tool/toolbase.h"
 
+#include "foundation/blockallocator.h"
 #include "reflection/resourceproperty.h"
 #include "resource/resourcesystem.h"
 #include "sequencer/control.h"
@@ -257,4 +258,25 @@ TEST(ToolBaseTest, ASequenceIsNotSavedOverOneThatItPlays)
     EXPECT_EQ(tool->getResource(), outer.get());
     EXPECT_TRUE(tool->isManagedResourceModified());
     stage.mSystem->removeAllWindow();
+}
+
+TEST(ToolBaseTest, ADialogWithoutAFunctorLeavesTheToolAsItIs)
+{
+    ToolStage stage;
+    GalleryTool* tool = stage.addNew(New);
+    const TraceCapture silence;
+    BlockAllocator& pool = FunctorBase::getAllocator();
+    std::vector<void*> taken;
+    while (void* block = pool.allocate(1, 1))
+        taken.push_back(block);
+    tool->close();
+    tool->saveAs();
+    stage.runFrames(2);
+    EXPECT_EQ(stage.getDialog(), nullptr);
+
+    for (void* block : taken)
+        pool.deallocate(block);
+    tool->close();
+    stage.runFrame();
+    EXPECT_EQ(stage.getDialogTitle(), Warning);
 }
