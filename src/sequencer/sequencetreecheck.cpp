@@ -9,7 +9,8 @@
 #include "sequencer/sequencertrack.h"
 #include "sequencer/sequenceruniquekey.h"
 
-#include <string>
+#include <string_view>
+#include <unordered_map>
 
 void SequenceTreeCheck::run()
 {
@@ -60,6 +61,7 @@ bool SequenceTreeCheck::checkTrack(ObjectBase* object)
         return false;
     }
     filter(track->getLaneList(), [this](ObjectBase* lane) { return checkLane(lane); });
+    mergeLanes(track->getLaneList());
     return true;
 }
 
@@ -77,6 +79,49 @@ bool SequenceTreeCheck::checkLane(ObjectBase* object)
     lane->setupKeys();
     checkKeys(*lane);
     return true;
+}
+
+// Edits find a lane by its name, and so the first one only.
+void SequenceTreeCheck::mergeLanes(ObjectList& lanes)
+{
+    std::unordered_map<std::string_view, SequencerLane*> first;
+    filter(lanes,
+           [&](ObjectBase* object)
+           {
+               SequencerLane* lane = static_cast<SequencerLane*>(object);
+               const auto [place, isFirstOfName] = first.try_emplace(lane->getControlName().c_str(), lane);
+               if (isFirstOfName)
+                   return true;
+               DEV_TRACE("Second SequencerLane %s detected.\n", lane->getControlName().c_str());
+               mergeKeys(*place->second, *lane);
+               reject(object);
+               return false;
+           });
+}
+
+// Both are sorted by frame. Of keys at the same frame the last one counts, as the second lane did when it was played.
+// What cannot be taken over stays with the other lane.
+void SequenceTreeCheck::mergeKeys(SequencerLane& lane, SequencerLane& other)
+{
+    ObjectList& keys = lane.getKeyList();
+    ObjectList& others = other.getKeyList();
+    const unsigned int keyNum = keys.size() + others.size();
+    if (lane.getKeyType() != other.getKeyType() || keyNum > sLaneRecord::MaximumKeyNum)
+        return;
+
+    const auto getFrame = [](ObjectBase* key)
+    {
+        return static_cast<SequencerKey*>(key)->getFrame();
+    };
+    keys.reserve(keyNum);
+    ObjectList::Iterator place = keys.begin();
+    for (ObjectBase* key : others)
+    {
+        while (place != keys.end() && getFrame(*place) <= getFrame(key))
+            ++place;
+        keys.insertFront(place, key);
+    }
+    others.clear();
 }
 
 void SequenceTreeCheck::checkKeys(SequencerLane& lane)
@@ -118,7 +163,7 @@ void SequenceTreeCheck::adoptKey(SequencerKey& key, const SequencerLane& lane)
 // Every lookup goes by name.
 void SequenceTreeCheck::nameTracks()
 {
-    std::unordered_set<std::string> names;
+    std::unordered_set<std::string_view> names;
     for (ObjectBase* object : mrTracks)
     {
         const AutoString& name = static_cast<SequencerTrack*>(object)->getTrackName();
@@ -126,7 +171,8 @@ void SequenceTreeCheck::nameTracks()
             names.insert(name.c_str());
     }
 
-    std::unordered_set<std::string> used;
+    // The texts stay where they are: the first track of a name keeps it.
+    std::unordered_set<std::string_view> used;
     unsigned int number = 0;
     for (ObjectBase* object : mrTracks)
     {

@@ -31,6 +31,8 @@ private:
 
     bool checkTrack(ObjectBase* object);
     bool checkLane(ObjectBase* object);
+    void mergeLanes(ObjectList& lanes);
+    static void mergeKeys(SequencerLane& lane, SequencerLane& other);
     void checkKeys(SequencerLane& lane);
     static void adoptKey(SequencerKey& key, const SequencerLane& lane);
     void nameTracks();

@@ -193,6 +193,7 @@ TEST_F(SequenceFileTest, ThrowsOutWhatDoesNotBelongWhereItStands)
         {R"(value="583912042")", R"(value="5")", "Invalid typeinfo detected.\n", "U "},
         {R"("SequencerLane" id="5")", R"("SequencerTrack" id="5")", "Null SequencerLane detected.\n", "T 1 U "},
         {R"(value="s32")", R"(walue="s32")", "Nameless SequencerLane detected.\n", "T 1 U "},
+        {R"(value="u8")", R"(value="s32")", "Second SequencerLane s32 detected.\n", "T 2 U "},
         {R"("SequencerLane" id="9")", R"("SequencerLane" id="5")", "Null SequencerLane detected.\n", "T 2 U "},
         {R"("SequencerLane" id="9")", R"("SequencerLane" id="7")", "Null SequencerLane detected.\n", "T 2 U "},
         {R"(<key_type type="u32" count="0" index="0" value="4")",
@@ -226,6 +227,27 @@ TEST_F(SequenceFileTest, ThrowsOutWhatDoesNotBelongWhereItStands)
         const sLaneRecord* lane = sequence.findNativeLane("T", "s32");
         EXPECT_TRUE(!lane || lane->keyStride == (lane->keyNum ? 8 : 0)) << "the table's and not the file's";
     }
+}
+
+TEST_F(SequenceFileTest, TwoLanesOfOneNameBecomeOneThatHasAllKeys)
+{
+    TestSequence sequence;
+    sequence.addKeys<int>({{4, 7}, {6, 8}});
+    sequence.addKeys<short>({{5, 9}, {6, 1}, {9, 2}});
+    std::string text = saveText(sequence);
+    for (const auto& [from, to] :
+         {std::pair(R"("s16")", R"("s32")"), {"<s16>", "<s32>"}, {R"(value="3")", R"(value="4")"}})
+        for (std::size_t place; (place = text.find(from)) != std::string::npos;)
+            text.replace(place, std::strlen(from), to);
+    SequencerResourceIntermediate read;
+    const TraceCapture silence;
+    ASSERT_TRUE(loadText(read, text) && read.isConsistent());
+    const ObjectList& lanes = read.findTrack("T")->getLaneList();
+    ASSERT_EQ(lanes.size(), 1u);
+    std::string frames;
+    for (ObjectBase* key : static_cast<SequencerLane*>(*lanes.begin())->getKeyList())
+        frames += std::to_string(static_cast<SequencerKey*>(key)->getFrame());
+    EXPECT_EQ(frames, "45669");
 }
 
 // Nothing in a file leads outside: it is refused, or taken whole and can be played.
