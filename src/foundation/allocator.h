@@ -19,6 +19,13 @@ public:
     virtual void clear() = 0;
     virtual unsigned int getUsedSize() const = 0;
 
+    // Bytes of no block. A single block may have to be much smaller.
+    unsigned int getFreeSize() const { return mHeapSize - getUsedSize(); }
+
+    // Whether more than a sixteenth of the heap is free. Documents and users can ask for more objects than there is
+    // memory for; who makes such objects stops when this is false, so that the rest is there for everybody else.
+    bool hasRoom() const { return getFreeSize() > mHeapSize / 16; }
+
     const char* getName() const { return mName; }
     unsigned int getHeapSize() const { return mHeapSize; }
     void* getHeap() const { return mpHeap; }

@@ -49,6 +49,9 @@ public:
 
     void reserve(unsigned int capacity);
 
+    // Room for one more, without which add() asserts. False when there is no memory.
+    [[nodiscard]] bool makeRoom();
+
     // Asserts a key of 0 and one that is present.
     void add(T* value, unsigned int key);
 
@@ -87,6 +90,7 @@ private:
         return mpArray[place].key == key ? place : mSize;
     }
 
+    bool resize(unsigned int capacity);
     void insertAt(unsigned int place, T* value, unsigned int key);
 
     sEntryTag* mpArray = nullptr;
@@ -101,15 +105,14 @@ void Map<T>::reserve(unsigned int capacity)
 {
     if (capacity < mSize)
         dev_assert("Invalid size.", __FILE__, __LINE__);
-    if (capacity == mCapacity)
-        return;
-    sEntryTag* array = new (std::nothrow) sEntryTag[capacity]();
-    if (!array)
+    if (capacity != mCapacity && !resize(capacity))
         dev_assert("Not enough memory.", __FILE__, __LINE__);
-    std::copy_n(mpArray, mSize, array);
-    delete[] mpArray;
-    mpArray = array;
-    mCapacity = capacity;
+}
+
+template <typename T>
+bool Map<T>::makeRoom()
+{
+    return mSize < mCapacity || resize(mCapacity ? mCapacity * 2 : 16);
 }
 
 template <typename T>
@@ -119,8 +122,8 @@ void Map<T>::add(T* value, unsigned int key)
         dev_assert("ID number 0 is reserved.", __FILE__, __LINE__);
     if (getPlace(key) < mSize)
         dev_assert("ID number conflict.", __FILE__, __LINE__);
-    if (mSize == mCapacity)
-        reserve(mCapacity ? mCapacity * 2 : 16);
+    if (!makeRoom())
+        dev_assert("Not enough memory.", __FILE__, __LINE__);
 
     if (empty() || key < mLowest)
         insertAt(0, value, key);
@@ -158,6 +161,19 @@ unsigned int Map<T>::findNearest(unsigned int key) const
         (mpArray[middle].key > key ? high : low) = middle;
     }
     return mpArray[low].key == key ? low : high;
+}
+
+template <typename T>
+bool Map<T>::resize(unsigned int capacity)
+{
+    sEntryTag* array = new (std::nothrow) sEntryTag[capacity]();
+    if (!array)
+        return false;
+    std::copy_n(mpArray, mSize, array);
+    delete[] mpArray;
+    mpArray = array;
+    mCapacity = capacity;
+    return true;
 }
 
 template <typename T>

@@ -1,5 +1,7 @@
 #include "io/xmlarena.h"
 
+#include "foundation/allocator.h"
+
 #include <algorithm>
 
 namespace
@@ -25,7 +27,8 @@ void XmlArena::clear()
 bool XmlArena::addPage(std::size_t size)
 {
     const std::size_t pageSize = std::max(mPageSize, size + sizeof(sPage));
-    char* block = new (std::nothrow) char[pageSize];
+    const bool hasRoom = AllocatorBase::getGlobalAllocator()->getFreeSize() > pageSize + Reserve;
+    char* block = hasRoom ? new (std::nothrow) char[pageSize] : nullptr;
     if (!block)
         return false;
     mpPage = new (block) sPage{mpPage};

@@ -9,13 +9,16 @@
 class XmlArena
 {
 public:
+    // What documents leave of the general heap: whoever reads or writes one needs some for other things on the way.
+    static constexpr unsigned int Reserve = 1024 * 1024;
+
     XmlArena() = default;
     ~XmlArena();
 
     XmlArena(const XmlArena&) = delete;
     XmlArena& operator=(const XmlArena&) = delete;
 
-    // Aligned for pointers. Null when the heap is full.
+    // Aligned for pointers. Null when no more than the reserve is left.
     void* allocate(std::size_t size)
     {
         size = (size + sizeof(void*) - 1) & ~(sizeof(void*) - 1);
@@ -27,7 +30,7 @@ public:
         return block;
     }
 
-    // A T as its default constructor leaves it; null when the heap is full.
+    // A T as its default constructor leaves it; null as above.
     template <typename T>
     T* make()
     {

@@ -1,6 +1,8 @@
 #include "io/xmlreader.h"
 
+#include "foundation/allocator.h"
 #include "foundation/dev.h"
+#include "foundation/linknode.h"
 #include "io/stream.h"
 #include "io/xmlscanner.h"
 #include "reflection/objectbase.h"
@@ -156,7 +158,7 @@ const char* XmlReader::findFault(TextStream* stream, unsigned int& place)
     place = static_cast<unsigned int>(scanner.getPlace() - text.get());
     // parse() takes its memory in pages, whose ends the slack makes up for; while it gathers the attributes of a tag
     // they take up to four times their room.
-    constexpr std::size_t Slack = 1024 * 1024;
+    constexpr std::size_t Slack = 1024 * 1024 + XmlArena::Reserve;
     if (!fault && !allocate(tree.tags * sizeof(sTag) + tree.attributes * sizeof(sAttribute) * 4 + Slack))
         fault = "Not enough memory.";
     return fault;
@@ -295,10 +297,21 @@ bool XmlReader::claimPlaces(unsigned int num)
 {
     const unsigned int tagNum = countTags(getFirstChild());
     const unsigned int missing = num > tagNum ? num - tagNum : 0;
-    if (missing > mFreePlaceNum)
+    if (missing > mFreePlaceNum || !claimRoom(std::size_t{num} * sizeof(sLinkNode<ObjectBase>)))
         return false;
     mFreePlaceNum -= missing;
     return true;
+}
+
+bool XmlReader::claimRoom(std::size_t size) const
+{
+    // As long as the reserve is there, so is any small block.
+    const bool hasRoom = AllocatorBase::getGlobalAllocator()->getFreeSize() > size + XmlArena::Reserve &&
+                         (size < XmlArena::Reserve / 16 || allocate(size));
+    if (mComplete && !hasRoom)
+        DEV_TRACE("XmlReader : Not enough memory, document given up.\n");
+    mComplete &= hasRoom;
+    return mComplete;
 }
 
 void XmlReader::closeTag()
@@ -311,7 +324,7 @@ void XmlReader::closeTag()
 AutoString XmlReader::getAttribute(const char* name) const
 {
     const char* value = getAttributeText(name);
-    return value ? mTexts.getString(value) : AutoString::Null;
+    return value && claimRoom(2 * std::strlen(value)) ? mTexts.getString(value) : AutoString::Null;
 }
 
 const char* XmlReader::getAttributeText(const char* name) const
@@ -329,6 +342,14 @@ const TypeInfo* XmlReader::findTypeInfo() const
     if (!mpLastType || !isSame(mpLastType->getName(), name))
         mpLastType = TypeInfo::findForeign(name);
     return mpLastType;
+}
+
+void XmlReader::registerObject(ObjectBase* object, unsigned int id)
+{
+    if (mObjects.makeRoom())
+        mObjects.add(object, id);
+    else
+        mComplete = false;
 }
 
 AutoString XmlReader::findTag(const char* attributeName, const char* attributeValue) const

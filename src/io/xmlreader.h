@@ -55,6 +55,11 @@ public:
     // so the number of such places in all its lists together is limited.
     [[nodiscard]] bool claimPlaces(unsigned int num);
 
+    // Whether there is memory for one more object, or for `size` bytes, beside what must be left. Once there is not,
+    // the document is incomplete: nothing that has been read of it may take the place of anything.
+    [[nodiscard]] bool claimRoom(std::size_t size = 0) const;
+    bool isComplete() const { return mComplete; }
+
     // An attribute of the open tag; the first of that name wins. AutoString::Null without one. Equal texts share one
     // buffer.
     AutoString getAttribute(const char* name) const;
@@ -70,7 +75,7 @@ public:
 
     // The object registered under a number; null when there is none.
     ObjectBase* findObject(unsigned int id) const { return mObjects.find(id); }
-    void registerObject(ObjectBase* object, unsigned int id) { mObjects.add(object, id); }
+    void registerObject(ObjectBase* object, unsigned int id);
 
 private:
     // Names and values lie in the document's text, each ended by a zero: bytes behind the name of the tag.
@@ -127,6 +132,7 @@ private:
     sIndex* mpIndex = nullptr;          // the newest one
     unsigned int mFreePlaceNum = 65535; // places of lists without a tag that are still granted
     Map<ObjectBase> mObjects;
+    mutable bool mComplete = true;
 
     // The class found last: the elements of a list are of one class, and so is asking for it again and again.
     mutable const TypeInfo* mpLastType = nullptr;

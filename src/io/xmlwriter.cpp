@@ -211,8 +211,10 @@ void XmlWriter::addAttribute(const char* name, const char* value)
 
 unsigned int XmlWriter::getIdentity(const ObjectBase* object)
 {
-    if (mIdentityNum * 2 >= mIdentityCapacity)
-        growIdentities();
+    if (mComplete && mIdentityNum * 2 >= mIdentityCapacity && !growIdentities())
+        giveUp();
+    if (!mComplete)
+        return 0;
     sIdentity& identity = mpIdentity[findIdentity(object)];
     if (!identity.object)
         identity = {object, ++mIdentityNum};
@@ -221,16 +223,10 @@ unsigned int XmlWriter::getIdentity(const ObjectBase* object)
 
 void XmlWriter::registerObject(ObjectBase* object, unsigned int id)
 {
-    // The map doubles at its powers of two and knows no failure, so the room is tried out first.
-    const unsigned int size = mObjects.size();
-    if (size >= 16 && (size & (size - 1)) == 0)
-    {
-        char* room = new (std::nothrow) char[size * 2 * sizeof(Map<ObjectBase>::sEntryTag)];
-        if (!room)
-            giveUp();
-        delete[] room;
-    }
-    mObjects.add(object, id);
+    if (mObjects.makeRoom())
+        mObjects.add(object, id);
+    else
+        giveUp();
 }
 
 bool XmlWriter::isReadable() const
@@ -253,7 +249,7 @@ void XmlWriter::write(TextStream* stream)
     printer.printTree(mpFirstRoot);
 }
 
-// The tree's memory goes back at once: whoever still walks the objects needs room for their numbers to come to an end.
+// The tree's memory goes back at once, for whoever still walks the objects.
 void XmlWriter::giveUp()
 {
     if (!mComplete)
@@ -275,21 +271,19 @@ unsigned int XmlWriter::findIdentity(const ObjectBase* object) const
     return place;
 }
 
-void XmlWriter::growIdentities()
+bool XmlWriter::growIdentities()
 {
-    const sIdentity* old = mpIdentity;
     const unsigned int oldCapacity = mIdentityCapacity;
-    mIdentityCapacity = oldCapacity ? oldCapacity * 2 : FirstIdentityCapacity;
-    mpIdentity = new (std::nothrow) sIdentity[mIdentityCapacity]();
-    if (!mpIdentity)
-    {
-        giveUp();
-        mpIdentity = new (std::nothrow) sIdentity[mIdentityCapacity]();
-    }
-    if (!mpIdentity)
-        dev_assert("Not enough memory.", __FILE__, __LINE__);
+    const unsigned int capacity = oldCapacity ? oldCapacity * 2 : FirstIdentityCapacity;
+    sIdentity* grown = new (std::nothrow) sIdentity[capacity]();
+    if (!grown)
+        return false;
+    const sIdentity* old = mpIdentity;
+    mpIdentity = grown;
+    mIdentityCapacity = capacity;
     for (unsigned int i = 0; i < oldCapacity; ++i)
         if (old[i].object)
             mpIdentity[findIdentity(old[i].object)] = old[i];
     delete[] old;
+    return true;
 }

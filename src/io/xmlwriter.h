@@ -32,7 +32,8 @@ public:
     void addAttribute(const char* name, const char* value);
     void addAttribute(const AutoString& name, const AutoString& value) { addAttribute(name.c_str(), value.c_str()); }
 
-    // The number of an object in this document: 1, 2, 3, ... in the order of the first call for each.
+    // The number of an object in this document: 1, 2, 3, ... in the order of the first call for each; 0 once it is
+    // given up.
     unsigned int getIdentity(const ObjectBase* object);
 
     // The object registered under a number; null when there is none.
@@ -40,6 +41,9 @@ public:
 
     // Asserts a number of 0 and one that is taken.
     void registerObject(ObjectBase* object, unsigned int id);
+
+    // Whether it has not been given up. Objects need not be walked any further then.
+    bool isComplete() const { return mComplete; }
 
     // Whether XmlReader takes what write() would print: complete, all names words, all values values, not nested
     // too deeply.
@@ -79,7 +83,7 @@ private:
 
     // The place of an object in the table of identities, or the free place where it belongs.
     unsigned int findIdentity(const ObjectBase* object) const;
-    void growIdentities();
+    bool growIdentities();
 
     XmlArena mArena;
     XmlTextPool mTexts;

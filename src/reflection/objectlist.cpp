@@ -45,6 +45,8 @@ void readStableElement(XmlReader* reader, ObjectBase* element, unsigned int inde
 
 ObjectBase* readNewElement(XmlReader* reader, unsigned int id)
 {
+    if (!reader->claimRoom())
+        return nullptr;
     ObjectBase* object = makeNamedInstance(reader);
     if (!object)
     {

@@ -49,6 +49,8 @@ void ObjectPropertyIntermediate::readReference(XmlReader* reader)
         return;
     }
 
+    if (!reader->claimRoom())
+        return;
     ObjectBase* object = makeNamedInstance(reader);
     if (!object)
     {

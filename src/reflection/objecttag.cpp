@@ -23,7 +23,7 @@ bool writeStability(XmlWriter* writer, ObjectBase* object, unsigned int id, bool
     writer->addAttribute("stable", stable ? "true" : "false");
     if (stable)
         return true;
-    if (writer->findObject(id))
+    if (!writer->isComplete() || writer->findObject(id))
         return false;
     writer->registerObject(object, id);
     return true;

@@ -110,6 +110,11 @@ void ResourceBase::deallocate(void* block) noexcept
         ::operator delete[](block);
 }
 
+bool ResourceBase::hasRoom()
+{
+    return !mpAllocator || mpAllocator->hasRoom();
+}
+
 void* ResourceBase::operator new(std::size_t size) noexcept
 {
     return allocate(static_cast<unsigned int>(size));

@@ -64,6 +64,9 @@ public:
     static void* allocate(unsigned int size) noexcept;
     static void deallocate(void* block) noexcept;
 
+    // Whether documents may ask for more of that memory.
+    static bool hasRoom();
+
     static void* operator new(std::size_t size) noexcept;
     static void operator delete(void* block) noexcept;
 

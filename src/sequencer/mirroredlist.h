@@ -11,11 +11,13 @@ class MirroredList
 public:
     MirroredList(ObjectList& list, RecordBlock<Record, Count> record) : mrList(list), mRecord(record) {}
 
-    // Returns the new record, zeroed.
+    // Returns the new record, zeroed; null, and neither has changed, without memory for it.
     Record* insert(unsigned int index, ObjectBase* object)
     {
-        mrList.insertFront(place(index), object);
-        return mRecord.insert(index);
+        Record* record = mRecord.insert(index);
+        if (record)
+            mrList.insertFront(place(index), object);
+        return record;
     }
 
     void remove(unsigned int index)

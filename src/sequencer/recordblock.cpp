@@ -11,7 +11,7 @@ void* resizeRecords(void* record, unsigned int size, unsigned int newSize, unsig
     {
         resized = static_cast<unsigned char*>(ResourceBase::allocate(newSize * stride));
         if (!resized)
-            dev_assert("Not enough memory.", __FILE__, __LINE__);
+            return newSize < size ? record : nullptr;
         const unsigned int kept = std::min(size, newSize) * stride;
         if (kept)
             std::memcpy(resized, record, kept);

@@ -5,7 +5,8 @@
 #include <cstring>
 
 // Gives a run of equally long records another size: what fits of the records moves to a new block of the resources'
-// memory, further ones are zeroed, and the old block is freed. Null for a size of 0. Asserts that there is memory.
+// memory, further ones are zeroed, and the old block is freed. Null for a size of 0. Without memory the block stays as
+// it is, which is large enough for fewer records; null, and nothing happens, for more.
 void* resizeRecords(void* record, unsigned int size, unsigned int newSize, unsigned int stride);
 
 // Takes one record out and puts it back at `to`, the place that it has once it is out.
@@ -30,11 +31,15 @@ public:
         return reinterpret_cast<Record*>(reinterpret_cast<unsigned char*>(mrRecord) + index * mStride);
     }
 
-    // Opens a zeroed record in front of `index`; an index of size() appends.
+    // Opens a zeroed record in front of `index`; an index of size() appends. Null without memory.
     Record* insert(unsigned int index)
     {
         requireIndex(index, mrCount + 1u);
-        resize(mrCount + 1u);
+        void* grown = resizeRecords(mrRecord, mrCount, mrCount + 1u, mStride);
+        if (!grown)
+            return nullptr;
+        mrRecord = static_cast<Record*>(grown);
+        ++mrCount;
         move(mrCount - 1u, index);
         return at(index);
     }

@@ -41,13 +41,6 @@ void deleteControls(List<ControlBase>& controls)
 }
 }
 
-bool Sequencer::hasRoom()
-{
-    constexpr unsigned int ReservedPart = 16;
-    const AllocatorBase& heap = *AllocatorBase::getGlobalAllocator();
-    return heap.getHeapSize() - heap.getUsedSize() > heap.getHeapSize() / ReservedPart;
-}
-
 Sequencer::Sequencer(AllocatorBase* allocator) : mpAllocator(allocator)
 {
 }
@@ -250,7 +243,7 @@ void Sequencer::build()
     mTrackNum = mpResource->getTrackNum();
     mpTrack = allocateRecords<sTrackData>(mTrackNum);
     unsigned int built = 0;
-    for (; built < mTrackNum && hasRoom(); ++built)
+    for (; built < mTrackNum && AllocatorBase::getGlobalAllocator()->hasRoom(); ++built)
         buildTrack(mpTrack[built], mpResource->getTrackArray()[built]);
     if (built < mTrackNum)
         DEV_TRACE("Not enough memory for all tracks.\n");
@@ -282,7 +275,7 @@ void Sequencer::buildLanes(sTrackData& track, const sTrackRecord& record)
     track.lane = allocateRecords<sLaneData>(track.laneNum);
     List<ControlBase> controls;
     track.object->makeControlList(controls);
-    for (unsigned int i = 0; i < track.laneNum && hasRoom(); ++i)
+    for (unsigned int i = 0; i < track.laneNum && AllocatorBase::getGlobalAllocator()->hasRoom(); ++i)
         buildLane(track.lane[i], record.lane[i], controls);
     deleteControls(controls);
 }

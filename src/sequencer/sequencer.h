@@ -30,10 +30,6 @@ public:
     // All frames are read as if they ended here: one more and a head could pass what means that no frame follows.
     static constexpr unsigned int LastFrame = NoFrame - 1;
 
-    // A few small files can name more objects than there is memory for. What is left of the general heap is
-    // everybody's, so whoever makes objects for tracks and lanes stops when this is false.
-    static bool hasRoom();
-
     // The memory of tracks and lanes, not owned; the global heap for null.
     explicit Sequencer(AllocatorBase* allocator = nullptr);
     ~Sequencer() override;

@@ -1,5 +1,6 @@
 #include "sequencer/sequencerresourceintermediate.h"
 
+#include "foundation/allocator.h"
 #include "foundation/dev.h"
 #include "foundation/utils.h"
 #include "io/stream.h"
@@ -40,6 +41,34 @@ unsigned int toFirst(unsigned int, unsigned int)
 unsigned int toLast(unsigned int, unsigned int last)
 {
     return last;
+}
+
+void traceLackOfMemory()
+{
+    DEV_TRACE("SequencerResource : Not enough memory, nothing is added.\n");
+}
+
+// Whether one more can be made, and be read again from a document.
+bool hasRoomIn(const ObjectList& list)
+{
+    const bool hasRoom = AllocatorBase::getGlobalAllocator()->hasRoom() && ResourceBase::hasRoom() &&
+                         list.size() < ObjectList::MaximumLoadedCount;
+    if (!hasRoom)
+        traceLackOfMemory();
+    return hasRoom;
+}
+
+// The object's record; null, and the object is deleted, when there is no memory for one more.
+template <typename Mirrored>
+auto* insert(Mirrored list, unsigned int index, ObjectBase* object)
+{
+    auto* record = list.insert(index, object);
+    if (!record)
+    {
+        traceLackOfMemory();
+        delete object;
+    }
+    return record;
 }
 
 void deleteAll(ObjectList& list)
@@ -106,13 +135,8 @@ bool SequencerResourceIntermediate::load(Stream& stream)
         return false;
 
     TextFileStream& text = static_cast<TextFileStream&>(stream);
-    const char* typeName = getTypeInfo()->getName();
-    XmlReader reader;
-    if (!reader.load(&text) || !reader.openTag(typeName))
+    if (!readTree(text))
         return false;
-    reader.closeTag();
-    reader.read(this, typeName);
-
     SequenceTreeCheck(mTrackList).run();
     const bool built = build(*this);
     if (!built)
@@ -123,6 +147,24 @@ bool SequencerResourceIntermediate::load(Stream& stream)
     if (built && getPath().empty())
         setPath(text.getPath());
     return built;
+}
+
+// What has been read only in part must not be saved as the whole. The reader's memory is free again behind this.
+bool SequencerResourceIntermediate::readTree(TextFileStream& stream)
+{
+    const char* typeName = getTypeInfo()->getName();
+    XmlReader reader;
+    if (!reader.load(&stream) || !reader.openTag(typeName))
+        return false;
+    reader.closeTag();
+    reader.read(this, typeName);
+    if (reader.isComplete() && ResourceBase::hasRoom())
+        return true;
+    DEV_TRACE("SequencerResource : Not enough memory for all that %s names.\n", stream.getPath());
+    removeAll();
+    clearModify();
+    clearUpdate();
+    return false;
 }
 
 bool SequencerResourceIntermediate::save(Stream& stream)
@@ -211,13 +253,16 @@ SequencerResourceIntermediate::sTrackPlace SequencerResourceIntermediate::resolv
 
 void SequencerResourceIntermediate::addTrack(const TypeInfo* type, AutoString name)
 {
-    if (!type || name.size() == 0)
+    if (!type || name.size() == 0 || !hasRoomIn(mTrackList))
         return;
 
     SequencerTrack* track = new SequencerTrack;
     track->setTrackName(name);
     track->setObjectTypeID(type->getID());
-    tracks().insert(mTrackList.size(), track)->objectTypeID = type->getID();
+    sTrackRecord* record = insert(tracks(), mTrackList.size(), track);
+    if (!record)
+        return;
+    record->objectTypeID = type->getID();
     setModify();
 }
 
@@ -300,12 +345,16 @@ SequencerResourceIntermediate::resolveLane(const AutoString& trackName, const Au
 void SequencerResourceIntermediate::addLane(AutoString trackName, const ControlBase* control)
 {
     const sTrackPlace place = resolveTrack(trackName);
-    if (!place.track || !control || !control->getName() || place.track->findLane(control->getName()))
+    if (!place.track || !control || !control->getName() || place.track->findLane(control->getName()) ||
+        !hasRoomIn(place.track->getLaneList()))
         return;
 
     SequencerLane* lane = new SequencerLane;
     lane->setControl(*control);
-    *lanes(place).insert(place.record->laneNum, lane) = SequenceBuild::makeLane(*lane);
+    sLaneRecord* record = insert(lanes(place), place.record->laneNum, lane);
+    if (!record)
+        return;
+    *record = SequenceBuild::makeLane(*lane);
     setModify();
 }
 
@@ -405,7 +454,7 @@ void SequencerResourceIntermediate::addKey(AutoString trackName, AutoString cont
 {
     const sLanePlace place = resolveLane(trackName, controlName);
     const bool full = place.lane && place.record->keyNum == sLaneRecord::MaximumKeyNum;
-    if (!place.lane || full || place.lane->findKey(frame))
+    if (!place.lane || full || place.lane->findKey(frame) || !hasRoomIn(place.lane->getKeyList()))
         return;
     const TypeInfo* keyType = TypeInfo::find(place.lane->getKeyTypeID());
     SequencerKey* key = keyType ? static_cast<SequencerKey*>(keyType->newInstance()) : nullptr;
@@ -416,7 +465,9 @@ void SequencerResourceIntermediate::addKey(AutoString trackName, AutoString cont
     key->setInterpolateType(type);
     key->setLabel(place.lane->getControlName());
     const unsigned int index = findPlaceBehindFrame<SequencerKey>(place.lane->getKeyList(), key->getFrame());
-    unsigned char* record = keys(place).insert(index, key);
+    unsigned char* record = insert(keys(place), index, key);
+    if (!record)
+        return;
     makeKey(record, *key);
     copyKeyParameter(record, *key, place.lane->getKeyType());
     setModify();
@@ -551,11 +602,16 @@ SequencerResourceIntermediate::sMarkerPlace SequencerResourceIntermediate::resol
 
 void SequencerResourceIntermediate::addMarker(AutoString name, unsigned int frame)
 {
+    if (!hasRoomIn(mMarkerList))
+        return;
     SequencerMarker* marker = new SequencerMarker;
     marker->setMarkerName(name);
     marker->setFrame(frame);
     const unsigned int index = findPlaceBehindFrame<SequencerMarker>(mMarkerList, marker->getFrame());
-    markers().insert(index, marker)->frame = marker->getFrame() & MaximumFrame;
+    sMarkerRecord* record = insert(markers(), index, marker);
+    if (!record)
+        return;
+    record->frame = marker->getFrame() & MaximumFrame;
     setModify();
 }
 

@@ -9,6 +9,7 @@ class SequencerKey;
 class SequencerLane;
 class SequencerMarker;
 class SequencerTrack;
+class TextFileStream;
 
 // The form of a sequence that an editor works on: next to the packed arrays it owns a tree of objects, and every
 // operation changes both and marks the resource, so that whoever plays it sees the edit at once. Tracks, lanes and
@@ -173,6 +174,9 @@ private:
     sKeyPlace resolveKey(const AutoString& trackName, const AutoString& controlName, unsigned int frame) const;
     static sKeyPlace resolveKey(const sLanePlace& place, const SequencerKey* key);
     sMarkerPlace resolveMarker(const AutoString& name) const;
+
+    // The tree of a document; false, and no tree, when there is none or not enough memory for all of it.
+    [[nodiscard]] bool readTree(TextFileStream& stream);
 
     void setValue(unsigned int& field, unsigned int value);
     void moveTrack(const AutoString& name, Destination destination);

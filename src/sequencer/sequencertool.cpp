@@ -1,5 +1,6 @@
 #include "sequencer/sequencertool.h"
 
+#include "foundation/allocator.h"
 #include "foundation/dev.h"
 #include "foundation/utils.h"
 #include "io/xmlreader.h"
@@ -353,7 +354,7 @@ void SequencerTool::addRows()
     for (ObjectBase* object : mpResource->getTrackList())
     {
         mpTrackForm->addTrack(static_cast<SequencerTrack*>(object));
-        if (!Sequencer::hasRoom())
+        if (!AllocatorBase::getGlobalAllocator()->hasRoom())
         {
             DEV_TRACE("Not enough memory for all rows.\n");
             return;

@@ -1,5 +1,6 @@
 #include "sequencer/trackform.h"
 
+#include "foundation/allocator.h"
 #include "sequencer/headerform.h"
 #include "sequencer/sequenceform.h"
 #include "sequencer/sequencerlane.h"
@@ -61,7 +62,7 @@ void SequencerTool::TrackForm::addTrack(SequencerTrack* track)
     TrackInfo* info = new TrackInfo(track, this);
     TrackSequence* sequence = new TrackSequence(track, info, this);
     for (ObjectBase* lane : track->getLaneList())
-        if (Sequencer::hasRoom())
+        if (AllocatorBase::getGlobalAllocator()->hasRoom())
             addLane(static_cast<SequencerLane*>(lane), *info, *sequence);
     mpHeaderForm->addClient(info);
     mpSequenceForm->addClient(sequence);

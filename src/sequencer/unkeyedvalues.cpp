@@ -1,13 +1,15 @@
 #include "sequencer/unkeyedvalues.h"
 
+#include "foundation/allocator.h"
 #include "foundation/autostring.h"
+#include "foundation/dev.h"
 #include "reflection/property.h"
 #include "resource/resourcebase.h"
 #include "sequencer/control.h"
 #include "sequencer/sequencer.h"
 
 #include <memory>
-#include <tuple>
+#include <variant>
 
 namespace
 {
@@ -44,7 +46,7 @@ class NotedValue
 public:
     explicit NotedValue(const PropertyBase& property) : mNameHash(property.getNameHash()), mType(property.getType())
     {
-        visitValueType(NotedTypes{}, mType, [&]<typename T>() { std::get<T>(mValue) = property.getByType<T>(); });
+        visitValueType(NotedTypes{}, mType, [&]<typename T>() { mValue.emplace<T>(property.getByType<T>()); });
         if (ResourceBase* resource = getResource())
             resource->addRef();
     }
@@ -65,8 +67,11 @@ public:
 
     void putBack(PropertyBase& property) const
     {
-        visitValueType(NotedTypes{}, mType, [&]<typename T>() { property.setByType<T>(std::get<T>(mValue)); });
+        visitValueType(NotedTypes{}, mType, [&]<typename T>() { property.setByType<T>(*std::get_if<T>(&mValue)); });
     }
+
+    // The values of a track hang together, each owned by the one before it.
+    std::unique_ptr<NotedValue> next;
 
 private:
     template <typename... Ts>
@@ -74,27 +79,25 @@ private:
     using NotedTypes = decltype(extend(ValueTypes{}));
 
     template <typename... Ts>
-    static std::tuple<Ts...> makeTuple(TypeList<Ts...>);
+    static std::variant<Ts...> makeVariant(TypeList<Ts...>);
 
-    ResourceBase* getResource() const { return std::get<ResourceBase*>(mValue); }
+    ResourceBase* getResource() const
+    {
+        ResourceBase* const* resource = std::get_if<ResourceBase*>(&mValue);
+        return resource ? *resource : nullptr;
+    }
 
     unsigned int mNameHash;
     unsigned int mType;
-    decltype(makeTuple(NotedTypes{})) mValue{};
+    decltype(makeVariant(NotedTypes{})) mValue;
 };
 }
 
 // One for each track, so that both are counted alike; without a class where the track has no object.
 struct UnkeyedValues::sTrack
 {
-    ~sTrack()
-    {
-        for (NotedValue* value : values)
-            delete value;
-    }
-
     const TypeInfo* type = nullptr;
-    List<NotedValue> values;
+    std::unique_ptr<NotedValue> value;
 };
 
 UnkeyedValues::~UnkeyedValues()
@@ -105,8 +108,16 @@ UnkeyedValues::~UnkeyedValues()
 
 void UnkeyedValues::note(const Sequencer& sequencer)
 {
+    const AllocatorBase& heap = *AllocatorBase::getGlobalAllocator();
+    if (heap.hasRoom())
+        mTrack.reserve(sequencer.getTrackNum());
     for (unsigned int i = 0; i < sequencer.getTrackNum(); ++i)
     {
+        if (!heap.hasRoom())
+        {
+            DEV_TRACE("Not enough memory for all values without a key.\n");
+            return;
+        }
         sTrack* track = new sTrack;
         mTrack.addLast(track);
         ObjectBase* object = sequencer.getTrackArray()[i].object;
@@ -114,7 +125,12 @@ void UnkeyedValues::note(const Sequencer& sequencer)
             continue;
         track->type = object->getTypeInfo();
         forEachProperty(*object,
-                        [&](const PropertyBase& property) { track->values.addLast(new NotedValue(property)); });
+                        [&](const PropertyBase& property)
+                        {
+                            std::unique_ptr<NotedValue> value(new NotedValue(property));
+                            value->next = std::move(track->value);
+                            track->value = std::move(value);
+                        });
     }
 }
 
@@ -131,7 +147,7 @@ void UnkeyedValues::restore(const Sequencer& sequencer) const
         forEachProperty(*data.object,
                         [&](PropertyBase& property)
                         {
-                            for (const NotedValue* value : track->values)
+                            for (const NotedValue* value = track->value.get(); value; value = value->next.get())
                                 if (value->isOf(property) && !isKeyed(data, property.getNameHash()))
                                     value->putBack(property);
                         });
