@@ -30,6 +30,15 @@ public:
         return block;
     }
 
+    // All that a page has left, but at least `size` bytes; `size` becomes what it is. Null as above.
+    void* allocateRest(std::size_t& size)
+    {
+        if (size > mLeft && !addPage(size))
+            return nullptr;
+        size = mLeft;
+        return allocate(size);
+    }
+
     // A T as its default constructor leaves it; null as above.
     template <typename T>
     T* make()

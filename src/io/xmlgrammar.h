@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 // The characters and limits of the documents that XmlWriter writes and XmlReader reads.
 namespace XmlGrammar
 {
@@ -44,11 +46,11 @@ constexpr bool is(char c, unsigned char kind)
 }
 
 // Whether a text is not empty and all of words or all of values.
-constexpr bool isAll(const char* text, unsigned char kind)
+constexpr bool isAll(std::string_view text, unsigned char kind)
 {
-    const char* end = text;
-    while (is(*end, kind))
-        ++end;
-    return end != text && !*end;
+    for (char c : text)
+        if (!is(c, kind))
+            return false;
+    return !text.empty();
 }
 }

@@ -1,7 +1,5 @@
 #include "io/xmltextpool.h"
 
-#include "io/xmlgrammar.h"
-
 #include <cstdint>
 #include <cstring>
 
@@ -96,8 +94,7 @@ XmlTextPool::sText* XmlTextPool::add(const char* text, unsigned int length, unsi
     if (!block)
         return nullptr;
     std::memcpy(static_cast<char*>(block) + sizeof(sText), text, length + 1);
-    return new (block)
-        sText{hash, length, XmlGrammar::isAll(text, XmlGrammar::Word), XmlGrammar::isAll(text, XmlGrammar::Value), {}};
+    return new (block) sText{hash, length, {}};
 }
 
 bool XmlTextPool::grow()

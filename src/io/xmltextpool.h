@@ -6,7 +6,7 @@
 #include <cstdint>
 
 // The texts of one document, each kept once however often it occurs: a few names and values make up most of a
-// document. What a text may stand for is found out once as well.
+// document.
 class XmlTextPool
 {
 public:
@@ -16,8 +16,6 @@ public:
 
         unsigned int hash;
         unsigned int length;
-        bool isWord;       // may name a tag or an attribute
-        bool isValue;      // may stand between the quotes of an attribute
         AutoString string; // made when first asked for
 
         // Zero-terminated, in room for whole blocks, so that a short text can be copied by the block.

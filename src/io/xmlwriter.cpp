@@ -1,10 +1,8 @@
 #include "io/xmlwriter.h"
 
 #include "foundation/dev.h"
-#include "io/stream.h"
 #include "io/xmlgrammar.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <new>
@@ -13,143 +11,44 @@ namespace
 {
 constexpr unsigned int FirstIdentityCapacity = 64;
 
+// What stands between the names and values. There is a blank behind a tag's name and behind each attribute.
+constexpr std::string_view Head = "<?xml version=\"1.0\"?>\n\n";
+constexpr std::string_view TagStart = "<";
+constexpr std::string_view TagBlank = " ";
+constexpr std::string_view EqualSign = "=\"";
+constexpr std::string_view AttributeEnd = "\" ";
+constexpr std::string_view LeafEnd = "/>\n";
+constexpr std::string_view LineEnd = ">\n";
+constexpr std::string_view EndTagStart = "</";
+
+std::string_view toView(const char* text)
+{
+    return text ? text : "";
+}
+
+// Both return where it goes on.
+char* put(char* to, std::string_view text)
+{
+    return static_cast<char*>(std::memcpy(to, text.data(), text.size())) + text.size();
+}
+
+char* putTabs(char* to, unsigned int num)
+{
+    return static_cast<char*>(std::memset(to, '\t', num)) + num;
+}
+
 unsigned int hashAddress(const void* address)
 {
     return static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(address) * 0x9E3779B97F4A7C15 >> 32);
 }
 }
 
-// Prints tags, gathering small pieces into large writes.
-class XmlWriter::Printer
-{
-public:
-    explicit Printer(TextStream* stream) : mpStream(stream) {}
-    ~Printer() { write(mBuffer, mUsed); }
-
-    void printTree(const sTag* tag);
-
-    template <unsigned int Size>
-    void put(const char (&text)[Size])
-    {
-        std::memcpy(reserve(Size - 1), text, Size - 1);
-        mUsed += Size - 1;
-    }
-
-private:
-    using sText = XmlTextPool::sText;
-
-    void putStart(const sTag* tag);
-    void putEnd(const sTag* tag);
-    void putLong(const sText* text);
-
-    void put(const sText* text)
-    {
-        if (text->length > sText::Block)
-            return putLong(text);
-        std::memcpy(reserve(sText::Block), text->c_str(), sText::Block);
-        mUsed += text->length;
-    }
-
-    void putTabs()
-    {
-        for (unsigned int i = 0; i < mDepth; ++i)
-            put("\t");
-    }
-
-    // The place for up to `size` bytes, which must fit the buffer.
-    char* reserve(unsigned int size)
-    {
-        if (size > sizeof(mBuffer) - mUsed)
-            flush();
-        return mBuffer + mUsed;
-    }
-
-    // Writes whole pages only, so that the file's own buffer is passed by.
-    void flush()
-    {
-        const unsigned int whole = mUsed / PageSize * PageSize;
-        write(mBuffer, whole);
-        mUsed -= whole;
-        std::memcpy(mBuffer, mBuffer + whole, mUsed);
-    }
-
-    void write(const char* text, unsigned int length)
-    {
-        if (length)
-            mpStream->write(text, length);
-    }
-
-    static constexpr unsigned int PageSize = 4096;
-
-    TextStream* mpStream;
-    unsigned int mDepth = 0;
-    unsigned int mUsed = 0;
-    char mBuffer[32 * PageSize];
-};
-
-// The tag, what lies below it and all that follow it. A tree may be deeper than a stack, so there is no recursion.
-void XmlWriter::Printer::printTree(const sTag* tag)
-{
-    while (tag)
-    {
-        putStart(tag);
-        if (tag->firstChild)
-        {
-            tag = tag->firstChild;
-            ++mDepth;
-            continue;
-        }
-        while (!tag->next && tag->parent)
-        {
-            tag = tag->parent;
-            --mDepth;
-            putEnd(tag);
-        }
-        tag = tag->next;
-    }
-}
-
-// There is a blank behind the name and behind each attribute.
-void XmlWriter::Printer::putStart(const sTag* tag)
-{
-    putTabs();
-    put("<");
-    put(tag->name);
-    put(" ");
-    for (const sAttribute* attribute = tag->firstAttribute; attribute; attribute = attribute->next)
-    {
-        put(attribute->name);
-        put("=\"");
-        put(attribute->value);
-        put("\" ");
-    }
-    if (tag->firstChild)
-        put(">\n");
-    else
-        put("/>\n");
-}
-
-void XmlWriter::Printer::putEnd(const sTag* tag)
-{
-    putTabs();
-    put("</");
-    put(tag->name);
-    put(">\n");
-}
-
-void XmlWriter::Printer::putLong(const sText* text)
-{
-    for (unsigned int done = 0; done < text->length;)
-    {
-        const unsigned int part = std::min(text->length - done, PageSize);
-        std::memcpy(reserve(part), text->c_str() + done, part);
-        mUsed += part;
-        done += part;
-    }
-}
-
 XmlWriter::XmlWriter(const char* rootName)
 {
+    if (char* text = mText.append(Head.size()))
+        put(text, Head);
+    else
+        giveUp();
     openTag(rootName);
 }
 
@@ -164,30 +63,17 @@ void XmlWriter::openTag(const char* name)
 {
     if (++mDepth > XmlGrammar::MaximumDepth)
         mReadable = false;
-    if (!mComplete)
-        return;
-
-    sTag* tag = mArena.make<sTag>();
-    const XmlTextPool::sText* text = mTexts.share(name);
-    if (!tag || !text)
-        return giveUp();
-    tag->name = text;
-    tag->parent = mpTag;
-    sTag*& first = mpTag ? mpTag->firstChild : mpFirstRoot;
-    sTag*& last = mpTag ? mpTag->lastChild : mpLastRoot;
-    (last ? last->next : first) = tag;
-    last = tag;
-    mpTag = tag;
-    mReadable &= text->isWord;
+    if (mComplete && !(beginChildren() && beginTag(toView(name))))
+        giveUp();
 }
 
 void XmlWriter::closeTag()
 {
     if (mDepth == 0)
         dev_assert("Unclosed tag not found.", __FILE__, __LINE__);
+    if (mComplete && !endTag())
+        giveUp();
     --mDepth;
-    if (mComplete)
-        mpTag = mpTag->parent;
 }
 
 void XmlWriter::addAttribute(const char* name, const char* value)
@@ -197,16 +83,17 @@ void XmlWriter::addAttribute(const char* name, const char* value)
     if (!mComplete)
         return;
 
-    sAttribute* attribute = mArena.make<sAttribute>();
-    const XmlTextPool::sText* nameText = mTexts.share(name);
-    const XmlTextPool::sText* valueText = mTexts.share(value);
-    if (!attribute || !nameText || !valueText)
+    const std::string_view nameText = toView(name);
+    const std::string_view valueText = toView(value);
+    const std::size_t size = nameText.size() + EqualSign.size() + valueText.size() + AttributeEnd.size();
+    char* text = mpTag->hasChildren ? mText.insert(mpTag->attributeEnd, size) : mText.append(size);
+    if (!text)
         return giveUp();
-    attribute->name = nameText;
-    attribute->value = valueText;
-    (mpTag->lastAttribute ? mpTag->lastAttribute->next : mpTag->firstAttribute) = attribute;
-    mpTag->lastAttribute = attribute;
-    mReadable &= nameText->isWord && valueText->isValue;
+    text = put(text, nameText);
+    text = put(text, EqualSign);
+    text = put(text, valueText);
+    put(text, AttributeEnd);
+    mReadable &= XmlGrammar::isAll(nameText, XmlGrammar::Word) && XmlGrammar::isAll(valueText, XmlGrammar::Value);
 }
 
 unsigned int XmlWriter::getIdentity(const ObjectBase* object)
@@ -241,15 +128,60 @@ void XmlWriter::write(TextStream* stream)
     if (mDepth == 0)
         dev_assert("Root has already closed.", __FILE__, __LINE__);
     closeTag();
-    if (!mComplete)
-        return;
-
-    Printer printer(stream);
-    printer.put("<?xml version=\"1.0\"?>\n\n");
-    printer.printTree(mpFirstRoot);
+    mText.write(stream);
 }
 
-// The tree's memory goes back at once, for whoever still walks the objects.
+// The first child ends its parent's own line.
+bool XmlWriter::beginChildren()
+{
+    if (!mpTag || mpTag->hasChildren)
+        return true;
+    char* text = mText.append(LineEnd.size());
+    if (!text)
+        return false;
+    put(text, LineEnd);
+    mpTag->hasChildren = true;
+    mpTag->attributeEnd = mText.getPlace(LineEnd.size());
+    return true;
+}
+
+bool XmlWriter::beginTag(std::string_view name)
+{
+    const unsigned int tabNum = mDepth - 1;
+    sTag* tag = mpSpare ? mpSpare : mTags.make<sTag>();
+    char* text = mText.append(tabNum + TagStart.size() + name.size() + TagBlank.size());
+    if (!tag || !text)
+        return false;
+    if (mpSpare)
+        mpSpare = mpSpare->parent;
+    text = put(putTabs(text, tabNum), TagStart);
+    *tag = {mpTag, {text, name.size()}, false, {}};
+    mpTag = tag;
+    put(put(text, name), TagBlank);
+    mReadable &= XmlGrammar::isAll(name, XmlGrammar::Word);
+    return true;
+}
+
+bool XmlWriter::endTag()
+{
+    sTag* tag = mpTag;
+    const unsigned int tabNum = mDepth - 1;
+    const std::size_t size =
+        tag->hasChildren ? tabNum + EndTagStart.size() + tag->name.size() + LineEnd.size() : LeafEnd.size();
+    char* text = mText.append(size);
+    if (!text)
+        return false;
+    if (tag->hasChildren)
+        put(put(put(putTabs(text, tabNum), EndTagStart), tag->name), LineEnd);
+    else
+        put(text, LeafEnd);
+    mpTag = tag->parent;
+    tag->parent = mpSpare;
+    mpSpare = tag;
+    return true;
+}
+
+// The memory of the text goes back at once, for whoever still walks the objects.
 void XmlWriter::giveUp()
 {
     if (!mComplete)
@@ -257,10 +189,9 @@ void XmlWriter::giveUp()
     DEV_TRACE("XmlWriter : Not enough memory, document given up.\n");
     mComplete = false;
     mpTag = nullptr;
-    mpFirstRoot = nullptr;
-    mpLastRoot = nullptr;
-    mArena.clear();
-    mTexts.clear();
+    mpSpare = nullptr;
+    mText.clear();
+    mTags.clear();
 }
 
 unsigned int XmlWriter::findIdentity(const ObjectBase* object) const

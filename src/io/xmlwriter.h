@@ -3,15 +3,16 @@
 #include "foundation/autostring.h"
 #include "foundation/map.h"
 #include "io/xmlarena.h"
-#include "io/xmltextpool.h"
+#include "io/xmltext.h"
+
+#include <string_view>
 
 class ObjectBase;
 class TextStream;
 
-// Collects a document as a tree and prints it in one go, so that attributes and child tags may come in any order.
-// It also numbers the objects of the document and knows which of them it has seen, so that each is written once.
-// A tree that outgrows the memory is given up with a trace: nothing more is collected or printed, and isReadable()
-// says no.
+// Collects the text of a document and writes it in one go; attributes and child tags may come in any order. It also
+// numbers the objects of the document and knows which of them it has seen, so that each is written once. A document
+// that outgrows the memory is given up with a trace: nothing more is collected or printed, and isReadable() says no.
 class XmlWriter
 {
 public:
@@ -53,22 +54,13 @@ public:
     void write(TextStream* stream);
 
 private:
-    struct sAttribute
-    {
-        const XmlTextPool::sText* name;
-        const XmlTextPool::sText* value;
-        sAttribute* next = nullptr;
-    };
-
+    // An open tag. Its name lies in the text.
     struct sTag
     {
-        const XmlTextPool::sText* name = nullptr;
-        sTag* parent = nullptr;
-        sTag* next = nullptr;
-        sTag* firstChild = nullptr;
-        sTag* lastChild = nullptr;
-        sAttribute* firstAttribute = nullptr;
-        sAttribute* lastAttribute = nullptr;
+        sTag* parent;
+        std::string_view name;
+        bool hasChildren;            // then its own line has ended, and
+        XmlText::Place attributeEnd; // is where attributes go
     };
 
     struct sIdentity
@@ -77,7 +69,10 @@ private:
         unsigned int id;
     };
 
-    class Printer;
+    // The steps of openTag() and closeTag() in the text. False when there is no memory.
+    bool beginChildren();
+    bool beginTag(std::string_view name);
+    bool endTag();
 
     void giveUp();
 
@@ -85,11 +80,10 @@ private:
     unsigned int findIdentity(const ObjectBase* object) const;
     bool growIdentities();
 
-    XmlArena mArena;
-    XmlTextPool mTexts;
-    sTag* mpFirstRoot = nullptr;
-    sTag* mpLastRoot = nullptr;
-    sTag* mpTag = nullptr;   // the open one; its parents are the open ancestors
+    XmlText mText;
+    XmlArena mTags;
+    sTag* mpTag = nullptr;   // the innermost open one
+    sTag* mpSpare = nullptr; // closed ones, to be used again
     unsigned int mDepth = 0; // open tags
     bool mComplete = true;
     bool mReadable = true;

@@ -27,14 +27,17 @@ TEST(XmlWriterTest, PrintsTagsAtTheirDepthWithABlankBehindEachPart)
     writer.addAttribute("value", static_cast<const char*>(nullptr));
     writer.closeTag();
     writer.addAttribute("late", std::string(200000, 'x').c_str());
+    writer.addAttribute("later", "1");
     writer.closeTag();
+    writer.addAttribute("late", "2");
     writer.openTag("child");
     writer.closeTag();
+    writer.addAttribute("later", "3");
     EXPECT_EQ(print(writer), "<?xml version=\"1.0\"?>\n\n"
-                             "<Root >\n"
+                             "<Root late=\"2\" later=\"3\" >\n"
                              "\t<child type=\"u32\" late=\"" +
                                  std::string(200000, 'x') +
-                                 "\" >\n"
+                                 "\" later=\"1\" >\n"
                                  "\t\t<leaf value=\"a \"b\" <c>\" value=\"\" />\n"
                                  "\t</child>\n"
                                  "\t<child />\n"
