@@ -140,12 +140,7 @@ void SequencerTool::commitEdit()
 
 void SequencerTool::resetTrack()
 {
-    commitEdit();
-    mNextTrackNumber = 0;
-    mNextMarkerNumber = 0;
-    clearSelection();
-    mpTrackForm->reset();
-    mpControlForm->setupControlList(NoTrack, nullptr);
+    removeRows();
     addRows();
 }
 
@@ -271,6 +266,21 @@ sRect SequencerTool::getPaneRegion() const
     return {0, HeaderHeight, width, std::max(HeaderHeight, height)};
 }
 
+// The document of very many tracks does not fit beside their rows.
+bool SequencerTool::writeFile(ResourceBase& resource, const AutoString& fullPath)
+{
+    constexpr unsigned int ShortPart = 4;
+    const AllocatorBase& heap = *AllocatorBase::getGlobalAllocator();
+    if (ToolBase::writeFile(resource, fullPath))
+        return true;
+    if (heap.getFreeSize() > heap.getHeapSize() / ShortPart)
+        return false;
+    removeRows();
+    const bool isWritten = ToolBase::writeFile(resource, fullPath);
+    addRows();
+    return isWritten;
+}
+
 // On purpose: a marker that shares its name with another one leaves what it has to the first of them.
 void SequencerTool::carryOver(const ResourceBase& from, ResourceBase& to)
 {
@@ -344,6 +354,16 @@ void SequencerTool::clearSelection()
     mpSelectLane = nullptr;
     mpSelectKey = nullptr;
     mMarkerTrackSelected = false;
+}
+
+void SequencerTool::removeRows()
+{
+    commitEdit();
+    mNextTrackNumber = 0;
+    mNextMarkerNumber = 0;
+    clearSelection();
+    mpTrackForm->reset();
+    mpControlForm->setupControlList(NoTrack, nullptr);
 }
 
 void SequencerTool::addRows()

@@ -172,6 +172,7 @@ protected:
     sRect getPaneRegion() const;
 
     void eventSaved() override { mRenamed = false; }
+    bool writeFile(ResourceBase& resource, const AutoString& fullPath) override;
     void carryOver(const ResourceBase& from, ResourceBase& to) override;
 
 private:
@@ -187,6 +188,7 @@ private:
     const Sequencer::sTrackData* getTrackData(unsigned int trackIndex) const;
     void clearSelection();
     void addRows();
+    void removeRows();
     void refreshControlForm();
 
     // The one way in which the sequencer moves: values without a key stay as they are on the screen.

@@ -148,6 +148,11 @@ void ToolBase::eventClose()
         UIWindow::eventClose();
 }
 
+bool ToolBase::writeFile(ResourceBase& resource, const AutoString& fullPath)
+{
+    return DocumentWriter::write(&resource, false, fullPath.c_str(), DocumentWriter::ePrevious::Keep);
+}
+
 void ToolBase::sRelease::operator()(ResourceBase* resource) const
 {
     resource->release();
@@ -280,7 +285,7 @@ void ToolBase::saveAndSwitch()
 }
 
 // By the logical name, as what is read back would be found: a document below "native/" would not.
-bool ToolBase::saveTarget() const
+bool ToolBase::saveTarget()
 {
     ResourceBase* resource = getManagedResource();
     if (!resource)
@@ -296,7 +301,7 @@ bool ToolBase::saveTarget() const
 // Puts the document of a resource into a file, of which another resource may be the content in memory: that one reads
 // the file again. If it has changes or a window of its own, nothing is written, since it would write over this later;
 // nor if it is part of what is written, which would then contain itself.
-bool ToolBase::writeDocument(ResourceBase& resource, const AutoString& fullPath) const
+bool ToolBase::writeDocument(ResourceBase& resource, const AutoString& fullPath)
 {
     ResourceSystem* system = ResourceSystem::getInstance();
     const ResourceHold holder(system->findResource(Utils::getPath(fullPath.c_str())));
@@ -306,6 +311,5 @@ bool ToolBase::writeDocument(ResourceBase& resource, const AutoString& fullPath)
         DEV_TRACE("ToolBase : \"%s\" is in use.\n", fullPath.c_str());
         return false;
     }
-    return DocumentWriter::write(&resource, false, fullPath.c_str(), DocumentWriter::ePrevious::Keep) &&
-           (!isForeign || readAgain(*holder, fullPath));
+    return writeFile(resource, fullPath) && (!isForeign || readAgain(*holder, fullPath));
 }

@@ -70,6 +70,9 @@ protected:
     // The resource has been written to its own file.
     virtual void eventSaved() {}
 
+    // Puts the document of the resource into the file, whole or not at all.
+    [[nodiscard]] virtual bool writeFile(ResourceBase& resource, const AutoString& fullPath);
+
     // `to` has just been read from a file that was written from `from`, and is about to take its place: the time to
     // copy what no file holds. The copy does not count as an edit.
     virtual void carryOver(const ResourceBase& /*from*/, ResourceBase& /*to*/) {}
@@ -114,8 +117,8 @@ private:
     void saveAndLoad();
     void saveAndClose();
     void saveAndSwitch();
-    [[nodiscard]] bool saveTarget() const;
-    [[nodiscard]] bool writeDocument(ResourceBase& resource, const AutoString& fullPath) const;
+    [[nodiscard]] bool saveTarget();
+    [[nodiscard]] bool writeDocument(ResourceBase& resource, const AutoString& fullPath);
 
     const char* mResourceName = nullptr;
     const TypeInfo* mpResourceType = nullptr;

@@ -45,6 +45,36 @@ TEST(HeapProgramTest, ReportsALeakAtTheVeryEndAndAborts)
     EXPECT_EQ(end.errors.find("Global : leak", leak + 1), std::string::npos) << "only one block leaks";
 }
 
+TEST(FrameProgramTest, EditsAnimationsThatNearlyFillTheHeapsAndLosesNone)
+{
+    for (const unsigned int trackNum : {1000u, 25000u, 65000u})
+    {
+        TemporaryDirectory root;
+        std::filesystem::create_directories(root / "intermediate");
+        std::string text =
+            "<?xml version=\"1.0\"?>\n<AnimResource typeinfo=\"AnimResource\" id=\"1\" stable=\"false\" >"
+            "<track_list type=\"Object\" count=\"0\" index=\"0\" typeinfo=\"ObjectList\" id=\"2\" stable=\"true\" "
+            "list_count=\"" +
+            std::to_string(trackNum) + "\" >";
+        for (unsigned int i = 0; i < trackNum; ++i)
+        {
+            const std::string number = std::to_string(i);
+            text += "<element" + number + " typeinfo=\"SequencerTrack\" id=\"" + std::to_string(i + 3) +
+                    "\" stable=\"false\" ><track_name type=\"string\" count=\"0\" index=\"0\" value=\"T" + number +
+                    "\" /><object_type_id type=\"u32\" count=\"0\" index=\"0\" value=\"-1640879128\" /></element" +
+                    number + ">";
+        }
+        root.write("intermediate/full.asq.xml", text + "</track_list></AnimResource>\n");
+        const std::string before = root.read("intermediate/full.asq.xml");
+        const sEnd end = run(FRAME_PROGRAM " " + root.getPath() + " edit full");
+        EXPECT_EQ(end.status, 0) << trackNum << end.errors;
+        const std::string after = root.read("intermediate/full.asq.xml");
+        const bool saved = end.output == "saved";
+        EXPECT_TRUE(saved ? after.size() > before.size() : after == before) << trackNum;
+        EXPECT_TRUE(saved || trackNum > 25000) << trackNum << end.errors;
+    }
+}
+
 TEST(FrameProgramTest, AFrameInWhichNothingChangesTakesNothingFromTheHeaps)
 {
     TemporaryDirectory root;
