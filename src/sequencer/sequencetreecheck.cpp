@@ -94,7 +94,9 @@ void SequenceTreeCheck::mergeLanes(ObjectList& lanes)
                    return true;
                DEV_TRACE("Second SequencerLane %s detected.\n", lane->getControlName().c_str());
                mergeKeys(*place->second, *lane);
-               reject(object);
+               for (ObjectBase* key : lane->getKeyList())
+                   reject(key);
+               reject(lane);
                return false;
            });
 }
