@@ -4,6 +4,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 
 namespace
@@ -158,7 +159,7 @@ bool HIDHaveDeviceList()
 
 void HIDAddDevice(const sHIDDescription& description)
 {
-    recDevice* device = new recDevice{description, nullptr, 0, nullptr};
+    recDevice* device = new recDevice{description, nullptr, 0, nullptr, {}};
     addElements(device);
 
     recDevice** place = &gFirstDevice;
@@ -210,6 +211,18 @@ bool HIDIsValidElement(const recDevice* device, const recElement* element)
     const recElement* first = device->elements.get();
     const std::less<const recElement*> before;
     return !before(element, first) && before(element, first + device->elementNum);
+}
+
+bool HIDCheckChange(recDevice* device)
+{
+    static_assert(sizeof(device->values) == KeyNum);
+    if (!HIDIsValidDevice(device))
+        return false;
+    const unsigned char* values = device->description.readValues();
+    if (std::memcmp(device->values, values, sizeof(device->values)) == 0)
+        return false;
+    std::memcpy(device->values, values, sizeof(device->values));
+    return true;
 }
 
 int HIDGetElementValue(const recDevice* device, recElement* element)

@@ -67,6 +67,9 @@ struct recDevice
     std::unique_ptr<recElement[]> elements; // All of them; the first is the root of the tree.
     unsigned int elementNum;
     recDevice* next;
+
+    // As they were when a change was last asked for.
+    unsigned char values[256];
 };
 
 // Makes the list anew. A usage page or a usage of 0 takes all. False if the list is empty.
@@ -90,6 +93,10 @@ bool HIDIsValidElement(const recDevice* device, const recElement* element);
 
 // 0 for a device or an element that is not in the list. Widens the element's calibration to the value.
 int HIDGetElementValue(const recDevice* device, recElement* element);
+
+// Whether a value has changed since this was asked last; all of them were 0 when the device came. False for a device
+// that is not in the list.
+bool HIDCheckChange(recDevice* device);
 
 // From the calibrated extent to that of the element, and from there to that of the user. Without an extent to come
 // from, the value stays as it is.

@@ -33,14 +33,29 @@ void KeyboardSystem::destroy()
 void KeyboardSystem::update()
 {
     mKeyPrevious = mKeyOn;
-    mKeyOn = KeySet();
-    for (recDevice* device : mKeyboard)
-        readDevice(device);
+    if (checkChange())
+        readDevices();
     mKeyTrgOn = mKeyOn - mKeyPrevious;
     mKeyTrgOff = mKeyPrevious - mKeyOn;
 }
 
+// Nearly all frames have the keys of the one before.
+bool KeyboardSystem::checkChange()
+{
+    bool changed = false;
+    for (recDevice* device : mKeyboard)
+        changed |= HIDCheckChange(device);
+    return changed;
+}
+
 // Several keyboards are one: a key that is down on any of them is down.
+void KeyboardSystem::readDevices()
+{
+    mKeyOn = KeySet();
+    for (recDevice* device : mKeyboard)
+        readDevice(device);
+}
+
 void KeyboardSystem::readDevice(recDevice* device)
 {
     for (recElement* element = HIDGetFirstDeviceElement(device, HIDValueElements); element;

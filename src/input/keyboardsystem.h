@@ -67,6 +67,8 @@ private:
     explicit KeyboardSystem(HIDSystem* hidSystem);
     ~KeyboardSystem() override;
 
+    bool checkChange();
+    void readDevices();
     void readDevice(recDevice* device);
 
     Vector<recDevice> mKeyboard;

@@ -20,6 +20,11 @@ bool contains(const sRect& rect, const sPoint& point)
     return rect.left < rect.right && rect.top < rect.bottom && rect.intersect(point);
 }
 
+bool isEmpty(const sRect& rect)
+{
+    return rect.getWidth() == 0 || rect.getHeight() == 0;
+}
+
 bool floats(const UIBase& element)
 {
     return element.isFloating() || element.hasFloating();
@@ -152,11 +157,6 @@ void UIBase::setSize(const sSize& size)
     callGuarded(Sizing, &UIBase::eventSize);
 }
 
-sRect UIBase::getRelRegion() const
-{
-    return getOwnRegion() + mPosition;
-}
-
 void UIBase::setAbsRegion(const sPoint& origin)
 {
     mAbsRegion = getOwnRegion() + (origin + mPosition);
@@ -208,16 +208,35 @@ void UIBase::setMenu(UIMenu* menu)
 
 void UIBase::sendMessage(const UIMessage& message, UIBase* sender)
 {
+    if (message.getType() == static_cast<unsigned int>(eMessage::Timer) && message.isBroadcast())
+        return sendTimer(as<UITimerMessage>(message), sender);
     const bool outerDelegate = mDelegate;
     mDelegate = false;
 
     if (dispatch(message) && message.isBroadcast())
+    {
+        const bool paints = message.getType() == static_cast<unsigned int>(eMessage::Paint);
         for (UIBase* child : mChildren)
-            child->sendMessage(message, sender);
+            if (!paints || !child->isUnseen())
+                child->sendMessage(message, sender);
+    }
     // On purpose: positions stay those of the element that was addressed.
     if (mDelegate && mParent)
         mParent->sendMessage(message, sender);
 
+    mDelegate = outerDelegate;
+}
+
+// As all messages, but for the choice of the hook: this one reaches every element in every frame.
+void UIBase::sendTimer(const UITimerMessage& message, UIBase* sender)
+{
+    const bool outerDelegate = mDelegate;
+    mDelegate = false;
+    eventTimer(message.getDeltaTime());
+    for (UIBase* child : mChildren)
+        child->sendTimer(message, sender);
+    if (mDelegate && mParent)
+        mParent->sendMessage(message, sender);
     mDelegate = outerDelegate;
 }
 
@@ -346,14 +365,20 @@ void UIBase::release(const UIMouseUpMessage& message)
     mDragging = false;
 }
 
+// Whether nothing can be seen of this element and of what lies below it.
+bool UIBase::isUnseen() const
+{
+    // A floating element below can lie outside of its parent.
+    return !isVisible() || (isEmpty(mDrawRegion) && !hasFloating());
+}
+
 // False when nothing below this element can be seen.
 bool UIBase::paint(UIPainter* painter)
 {
-    if (!isVisible())
+    if (isUnseen())
         return false;
-    // A floating element below can lie outside of its parent.
-    if (mDrawRegion.getWidth() == 0 || mDrawRegion.getHeight() == 0)
-        return hasFloating();
+    if (isEmpty(mDrawRegion))
+        return true;
 
     painter->setRegion(mDrawRegion, getAbsPosition());
     // On purpose: the children of a floating element are painted at the level of the others.

@@ -126,7 +126,7 @@ public:
     const sSize& getMinimumSize() const { return mMinimumSize; }
 
     // In the parent's, in the element's own, and twice in view coordinates; the last is what can be seen of it.
-    sRect getRelRegion() const;
+    sRect getRelRegion() const { return getOwnRegion() + mPosition; }
     sRect getOwnRegion() const { return sRect(mSize); }
     const sRect& getAbsRegion() const { return mAbsRegion; }
     const sRect& getDrawRegion() const { return mDrawRegion; }
@@ -214,7 +214,9 @@ private:
     void setStatus(unsigned int bit, bool on, void (UIBase::*hook)());
     void callGuarded(unsigned int bit, void (UIBase::*hook)());
     void updateFloatingStatus();
+    void sendTimer(const UITimerMessage& message, UIBase* sender);
     bool dispatch(const UIMessage& message);
+    bool isUnseen() const;
     bool paint(UIPainter* painter);
     void moveMouse(const sPoint& position);
     void release(const UIMouseUpMessage& message);

@@ -17,4 +17,11 @@ struct sUIFlow
 
     // `width` is what a row has room for. Returns the size of the area from the origin around all that was placed.
     sSize layOut(UIBase& parent, unsigned int width) const;
+
+    // What layOut() would return. Row elements get their width, since their height may follow from it; nothing moves.
+    sSize measure(UIBase& parent, unsigned int width) const;
+
+private:
+    template <bool Moves>
+    sSize flow(UIBase& parent, unsigned int width) const;
 };

@@ -28,6 +28,11 @@ sSize UIForm::UIClientHolder::alignClient(const sSize& limit)
     return ClientFlow.layOut(*this, limit.width);
 }
 
+sSize UIForm::UIClientHolder::measureClient(const sSize& limit)
+{
+    return ClientFlow.measure(*this, limit.width);
+}
+
 void UIForm::UIClientHolder::updateRegion(const sRect& absolute, const sRect& clip)
 {
     updateOwnRegion(absolute, clip);
@@ -91,10 +96,9 @@ sSize UIForm::getScrollBarRange() const
 void UIForm::update(float deltaTime)
 {
     sRect region = mClientRegion & getOwnRegion();
-    if (mFormAttribute & FlowLayout)
-        flowClients(region);
+    const sRect clients = mFormAttribute & FlowLayout ? flowClients(region) : mClientHolder->getChildrenRegion();
     if (mFormAttribute & ScrollBars)
-        updateBars(region);
+        updateBars(region, clients + sPoint(region.left, region.top));
 
     mClientHolder->setPosition(sPoint(region.left, region.top));
     mClientHolder->setSize(getExtent(region));
@@ -126,27 +130,29 @@ UIScrollBar* UIForm::addBar(UIScrollBar* bar)
 }
 
 // Makes room for a vertical bar if it is the height that does not suffice, and lays out again at the width of the
-// widest element, so that what fills a row fills all of it.
-void UIForm::flowClients(const sRect& region)
+// widest element, so that what fills a row fills all of it. Returns the area that the clients take.
+sRect UIForm::flowClients(const sRect& region)
 {
+    // Where a bar was needed it will be needed again, and the clients are not moved for nothing.
+    const bool wasNarrow = mFormStatus & VerticalBarUsed;
     sSize limit = getExtent(region);
-    sSize used = mClientHolder->alignClient(limit);
+    sSize used = wasNarrow ? mClientHolder->measureClient(limit) : mClientHolder->alignClient(limit);
     if (!(mFormAttribute & ScrollBars))
-        return;
-    if (limit.width >= used.width && limit.height < used.height)
-    {
+        return sRect(used);
+    const bool narrow = limit.width >= used.width && limit.height < used.height;
+    if (narrow)
         limit = getExtent({region.left, region.top, region.right - BarSpace, region.bottom});
+    if (narrow || wasNarrow)
         used = mClientHolder->alignClient(limit);
-    }
     if (limit.width < used.width)
-        mClientHolder->alignClient(used);
+        used = mClientHolder->alignClient(used);
+    return sRect(used);
 }
 
 // Takes the space of the bars away from the region. A vertical bar can cause a horizontal one; the other way round
 // is not asked again.
-void UIForm::updateBars(sRect& region)
+void UIForm::updateBars(sRect& region, const sRect& clients)
 {
-    const sRect clients = mClientHolder->getChildrenRegion() + sPoint(region.left, region.top);
     mFormStatus = 0;
     if (clients.bottom > region.bottom)
     {

@@ -38,6 +38,9 @@ public:
         // Lays the clients out in rows of the limit's width, and returns the size that they take.
         sSize alignClient(const sSize& limit);
 
+        // What alignClient() would return.
+        sSize measureClient(const sSize& limit);
+
         void updateRegion(const sRect& absolute, const sRect& clip) override;
         void eventMouseWheel(const sPoint& amount) override;
 
@@ -77,8 +80,8 @@ public:
 
 private:
     UIScrollBar* addBar(UIScrollBar* bar);
-    void flowClients(const sRect& region);
-    void updateBars(sRect& region);
+    sRect flowClients(const sRect& region);
+    void updateBars(sRect& region, const sRect& clients);
     int updateBar(UIScrollBar* bar, bool used, const sRect& place, int maximum, int range);
 
     UIClientHolder* mClientHolder;

@@ -2,11 +2,14 @@
 
 #include "foundation/jobsystem.h"
 
+#include <cstdint>
+
 class UIBase;
 
-// Works through any number of roots on the threads of the JobSystem. A round has one job for each thread, which is as
-// many as JobSystem takes, and each job goes on with the next root until there are none: that balances roots of unequal
-// size, and a thread that comes late holds nobody up.
+// Works through any number of roots, at first on the calling thread alone, and with all threads of the JobSystem when
+// that takes long. A round has one job for each thread, which is as many as JobSystem takes, and each job goes on with
+// the next root until there are none: that balances roots of unequal size, and a thread that comes late holds nobody
+// up.
 class UIJobRound
 {
 public:
@@ -40,9 +43,15 @@ public:
 private:
     class RoundJob;
 
+    void executeAlone();
+    bool executeNext(void* uniqueData);
+
     JobSystem& mJobSystem;
     Work mWork;
     sRoot mRoots[MaximumRootNum];
     unsigned int mSize = 0;
     Atomic mNext;
+
+    // What the calling thread has spent on its own, in nanoseconds.
+    std::uint64_t mTimeAlone = 0;
 };
