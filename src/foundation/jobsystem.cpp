@@ -60,6 +60,7 @@ private:
 
 void JobSystem::JobThread::execute()
 {
+    letOthersFirst();
     for (;;)
     {
         if (mStart.wait() == 0)
@@ -211,7 +212,9 @@ void JobSystem::startNextThread()
         mpThread[next]->start();
 }
 
-// Ends the round for the workers that have not begun it, since the queue is empty.
+// Ends the round for the workers that have not begun it, since the queue is empty. Every worker's end is counted once:
+// by the main thread if it was not started or its start could be taken back, otherwise by the worker, which has its
+// start or is about to get it from the one that has raised the number of started ones.
 void JobSystem::takeBackStarts()
 {
     const unsigned int startedNum = static_cast<unsigned int>(mStartedNum.set(static_cast<int>(mWorkerNum)));

@@ -37,14 +37,12 @@ timespec afterMilliseconds(unsigned int milliseconds)
     return addMilliseconds(now, milliseconds);
 }
 
-// How often a thread looks before it sleeps: for less time than falling asleep and waking up take. On a single
-// processor nothing can change meanwhile.
-unsigned int getLookNum()
-{
-    constexpr unsigned int LookNum = 100;
-    static const unsigned int lookNum = sysconf(_SC_NPROCESSORS_ONLN) > 1 ? LookNum : 1;
-    return lookNum;
-}
+// A thread that waits looks for some 30 microseconds before it sleeps: about as long as to fall asleep and to be woken
+// take. Two threads that hand work to each other stay awake that way, while with less patience each would be on its
+// way to sleep whenever the other calls. After each run of looks it lets others use the processor, which may be the
+// very one that the awaited thread needs.
+constexpr unsigned int LookRunNum = 15;
+constexpr unsigned int LookNum = 64;
 }
 
 void SpinLock::lockPatiently()
@@ -92,35 +90,45 @@ WaitingRoom::~WaitingRoom()
 }
 
 template <typename Ready>
-bool WaitingRoom::wait(Ready ready, const timespec* deadline)
+bool WaitingRoom::wait(Ready ready, unsigned int milliseconds)
 {
     if (ready())
         return true;
 
     mVisitorNum.fetch_add(1);
-    bool done = false;
-    for (unsigned int look = getLookNum(); look && !done; --look)
-    {
-        _mm_pause();
-        done = ready();
-    }
-    if (!done)
-        done = sleepUntil(ready, deadline);
+    const bool done = look(ready) || sleepUntil(ready, milliseconds);
     mVisitorNum.fetch_sub(1);
     return done;
 }
 
+template <typename Ready>
+bool WaitingRoom::look(Ready ready)
+{
+    for (unsigned int run = 0; run < LookRunNum; ++run)
+    {
+        for (unsigned int i = 0; i < LookNum; ++i)
+        {
+            _mm_pause();
+            if (ready())
+                return true;
+        }
+        Thread::yield();
+    }
+    return false;
+}
+
 // The sleeper makes itself known before it looks, the waker looks for sleepers after its change: one sees the other.
 template <typename Ready>
-bool WaitingRoom::sleepUntil(Ready ready, const timespec* deadline)
+bool WaitingRoom::sleepUntil(Ready ready, unsigned int milliseconds)
 {
+    const timespec deadline = afterMilliseconds(milliseconds);
     check(pthread_mutex_lock(&mMutex));
     mSleeperNum.fetch_add(1);
     bool done = ready();
     for (int result = 0; !done && result != ETIMEDOUT; done = ready())
     {
-        result =
-            deadline ? pthread_cond_timedwait(&mCondition, &mMutex, deadline) : pthread_cond_wait(&mCondition, &mMutex);
+        result = milliseconds == Forever ? pthread_cond_wait(&mCondition, &mMutex)
+                                         : pthread_cond_timedwait(&mCondition, &mMutex, &deadline);
         if (result != ETIMEDOUT)
             check(result);
     }
@@ -170,8 +178,8 @@ void Event::set()
 unsigned int Event::wait(unsigned int milliseconds)
 {
     // On purpose: 0xFFFFFFFF is limited like any other value, so that a wait for ever ends after some 24.8 days.
-    const timespec deadline = afterMilliseconds(std::min(milliseconds, LongestWait));
-    return mRoom.wait([this] { return mSignalled.load() && mSignalled.exchange(false); }, &deadline) ? 0 : 1;
+    const unsigned int limited = std::min(milliseconds, LongestWait);
+    return mRoom.wait([this] { return mSignalled.load() && mSignalled.exchange(false); }, limited) ? 0 : 1;
 }
 
 Semaphore::Semaphore(unsigned int maximum, unsigned int initial)
@@ -200,7 +208,7 @@ unsigned int Semaphore::signal()
 unsigned int Semaphore::wait()
 {
     bool acquired = false;
-    mRoom.wait([&] { return (acquired = tryWait()) || mDeleted.load(); }, nullptr);
+    mRoom.wait([&] { return (acquired = tryWait()) || mDeleted.load(); }, WaitingRoom::Forever);
     return acquired ? 1 : 0;
 }
 
@@ -268,6 +276,12 @@ void Thread::sleep(unsigned int milliseconds)
 void Thread::yield()
 {
     sched_yield();
+}
+
+void Thread::letOthersFirst()
+{
+    const sched_param unused = {};
+    sched_setscheduler(0, SCHED_BATCH, &unused);
 }
 
 void* Thread::innerFunction(void* thread)

@@ -126,9 +126,11 @@ public:
     WaitingRoom(const WaitingRoom&) = delete;
     WaitingRoom& operator=(const WaitingRoom&) = delete;
 
-    // Returns once `ready` says true, or false at the deadline on the monotonic clock; null waits without limit.
+    static constexpr unsigned int Forever = 0xffffffff;
+
+    // Returns once `ready` says true, or false when the time to sleep is over.
     template <typename Ready>
-    bool wait(Ready ready, const timespec* deadline);
+    bool wait(Ready ready, unsigned int milliseconds);
 
     void wakeOne();
 
@@ -137,7 +139,9 @@ public:
 
 private:
     template <typename Ready>
-    bool sleepUntil(Ready ready, const timespec* deadline);
+    static bool look(Ready ready);
+    template <typename Ready>
+    bool sleepUntil(Ready ready, unsigned int milliseconds);
 
     void check(int result) const;
 
@@ -230,6 +234,10 @@ public:
 
     static void sleep(unsigned int milliseconds);
     static void yield();
+
+    // From now on the calling thread waits for its turn when it wakes up. Otherwise it may push the very thread that
+    // has woken it off its processor, even while another one is idle. Only a hint like the priority.
+    static void letOthersFirst();
 
 private:
     // Runs on the new thread; polls checkTerminateRequest().
