@@ -1,67 +1,113 @@
 #include "benchmarks/harness.h"
 
+#include <benchmark/benchmark.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <vector>
 
 namespace
 {
 constexpr unsigned int RoundNum = 31;
+constexpr const char* RatioCounter = "ratio";
+constexpr const char* LimitCounter = "goal";
 
-struct sOptions
-{
-    // One line a goal instead of tables.
-    bool lines = false;
-
-    // Only the goals of this number; 0 for all.
-    unsigned int number = 0;
-};
-
-void printTable(const bench::Goal& goal, const bench::Candidates& candidates, const bench::sOutcome& outcome)
-{
-    std::printf("%u %s\n", goal.getNumber(), goal.getName());
-    for (std::size_t i = 0; i < candidates.size(); ++i)
-        std::printf("    %-36s %12.3f us%s\n", candidates[i].name, outcome.seconds[i] * 1e6,
-                    i && i == outcome.bestPeer ? "  best peer" : "");
-    std::printf("    %-36s %12.3f of %.2f\n", "ratio, median of the rounds", outcome.ratio, goal.getLimit());
-}
-
-// A goal without a peer on this machine cannot hold.
-bool run(const bench::Goal& goal, const sOptions& options)
+// The time of the benchmark is our own; those of the peers, in seconds, stand beside it as counters.
+void run(benchmark::State& state, const bench::Goal& goal)
 {
     const bench::Candidates candidates = goal.makeCandidates();
     const bench::sOutcome outcome = bench::compare(candidates, RoundNum);
-    const bool holds = outcome.bestPeer != 0 && outcome.ratio <= goal.getLimit();
-    if (options.lines)
-        std::printf("%u, %s, %.2f, %.2f, %s\n", goal.getNumber(), goal.getName(), outcome.ratio, goal.getLimit(),
-                    holds ? "holds" : "short");
+    for ([[maybe_unused]] auto turn : state)
+        state.SetIterationTime(outcome.seconds[0]);
+
+    for (std::size_t i = 1; i < candidates.size(); ++i)
+        state.counters[candidates[i].name] = outcome.seconds[i];
+    state.counters[LimitCounter] = goal.getLimit();
+    if (outcome.bestPeer)
+        state.counters[RatioCounter] = outcome.ratio;
     else
-        printTable(goal, candidates, outcome);
-    std::fflush(stdout);
-    return holds;
+        state.SkipWithError("no peer is installed");
 }
 
-sOptions readOptions(int argumentNum, char** arguments)
+// One line a goal: number, name, ratio, goal, and whether it holds. One without a peer cannot hold.
+class GoalReporter : public benchmark::BenchmarkReporter
 {
-    sOptions options;
+public:
+    bool ReportContext(const Context&) override { return true; }
+
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs)
+            report(run);
+    }
+
+    bool allHold() const { return mAllHold; }
+
+private:
+    static double getCounter(const Run& run, const char* name)
+    {
+        const auto counter = run.counters.find(name);
+        return counter == run.counters.end() ? 0.0 : counter->second.value;
+    }
+
+    void report(const Run& run)
+    {
+        const double ratio = getCounter(run, RatioCounter);
+        const double limit = getCounter(run, LimitCounter);
+        const bool holds = !run.error_occurred && ratio <= limit;
+        std::printf("%s, %.2f, %.2f, %s\n", run.run_name.function_name.c_str(), ratio, limit,
+                    holds ? "holds" : "short");
+        std::fflush(stdout);
+        mAllHold &= holds;
+    }
+
+    bool mAllHold = true;
+};
+
+// True if `option` was there; it is taken out.
+bool takeOption(int& argumentNum, char** arguments, const char* option)
+{
     for (int i = 1; i < argumentNum; ++i)
     {
-        if (std::strcmp(arguments[i], "--goals") == 0)
-            options.lines = true;
-        else
-            options.number = static_cast<unsigned int>(std::atoi(arguments[i]));
+        if (std::strcmp(arguments[i], option) != 0)
+            continue;
+        for (--argumentNum; i < argumentNum; ++i)
+            arguments[i] = arguments[i + 1];
+        return true;
     }
-    return options;
+    return false;
+}
+
+void registerGoals()
+{
+    for (const bench::Goal* goal : bench::Goal::getAll())
+    {
+        const std::string name = std::to_string(goal->getNumber()) + ", " + goal->getName();
+        benchmark::RegisterBenchmark(name.c_str(), [goal](benchmark::State& state) { run(state, *goal); })
+            ->Iterations(1)
+            ->UseManualTime()
+            ->Unit(benchmark::kMicrosecond);
+    }
 }
 }
 
-// bench_goals [--goals] [NUMBER]: status 0 if every goal asked for holds.
+// bench_goals [--goals] [--benchmark_...]: with --goals the status is 0 only if every goal asked for holds.
 int main(int argumentNum, char** arguments)
 {
-    const sOptions options = readOptions(argumentNum, arguments);
-    bool allHold = true;
-    for (const bench::Goal* goal : bench::Goal::getAll())
-        if (options.number == 0 || options.number == goal->getNumber())
-            allHold &= run(*goal, options);
-    return !options.lines || allHold ? EXIT_SUCCESS : EXIT_FAILURE;
+    const bool lines = takeOption(argumentNum, arguments, "--goals");
+    registerGoals();
+    benchmark::Initialize(&argumentNum, arguments);
+    if (benchmark::ReportUnrecognizedArguments(argumentNum, arguments))
+        return EXIT_FAILURE;
+
+    if (!lines)
+    {
+        benchmark::RunSpecifiedBenchmarks();
+        return EXIT_SUCCESS;
+    }
+    GoalReporter reporter;
+    const std::size_t number = benchmark::RunSpecifiedBenchmarks(&reporter);
+    return number && reporter.allHold() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
