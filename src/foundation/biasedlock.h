@@ -18,7 +18,7 @@ public:
     template <typename Work>
     auto run(Work work)
     {
-        if (mpHome != &sHere || !enterAlone()) [[unlikely]]
+        if (mpHome != &mHere || !enterAlone()) [[unlikely]]
             return runShared(work);
 
         const auto result = work();
@@ -52,9 +52,9 @@ private:
     void share();
 
     // Its address tells the threads apart.
-    static inline thread_local constinit char sHere = 0;
+    static inline thread_local constinit char mHere = 0;
 
-    const char* const mpHome = &sHere;
+    const char* const mpHome = &mHere;
     std::atomic<bool> mAlone = false;
     std::atomic<bool> mShared;
     SpinLock mSpinLock;

@@ -4,13 +4,6 @@
 
 #include <algorithm>
 
-namespace
-{
-// In nanoseconds, a thirtieth of a frame. By the time that a woken thread gets going, another one has done several
-// windows of usual size; and what it paints, the main thread has to fetch from its processor for the replay.
-constexpr std::uint64_t Patience = 500000;
-}
-
 class UIJobRound::RoundJob : public JobSystem::JobBase
 {
 public:
@@ -50,7 +43,7 @@ void UIJobRound::execute()
 void UIJobRound::executeAlone()
 {
     std::uint64_t begin = Application::getAbsoluteCount();
-    while (mTimeAlone < Patience && executeNext(mJobSystem.getThreadUniqueData(0)))
+    while (mTimeAlone < mPatience && executeNext(mJobSystem.getThreadUniqueData(0)))
     {
         const std::uint64_t end = Application::getAbsoluteCount();
         mTimeAlone += end - begin;

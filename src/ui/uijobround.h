@@ -37,11 +37,18 @@ public:
     // Returns when all roots so far are done.
     void execute();
 
+    // For tests: how long a round stays on the calling thread, in nanoseconds. With 0 all of it are jobs.
+    static void setPatience(std::uint64_t patience) { mPatience = patience; }
+
     // The roots that wait for their round.
     unsigned int size() const { return mSize; }
 
 private:
     class RoundJob;
+
+    // A thirtieth of a frame. By the time that a woken thread gets going, another one has done several windows of usual
+    // size; and what it paints, the main thread has to fetch from its processor for the replay.
+    static inline std::uint64_t mPatience = 500000;
 
     void executeAlone();
     bool executeNext(void* uniqueData);

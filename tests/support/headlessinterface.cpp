@@ -8,6 +8,7 @@
 #include "render/viewsystem.h"
 #include "resource/resourcesystem.h"
 #include "tool/toolsystem.h"
+#include "ui/uijobround.h"
 
 #include <bit>
 
@@ -19,6 +20,8 @@ constexpr std::uint64_t ClockStart = 1000000000;
 
 HeadlessInterface::HeadlessInterface(unsigned int threadNum)
 {
+    // The clock stands, so that a round would never begin to use other threads.
+    UIJobRound::setPatience(0);
     getPlatform().stopClock(ClockStart);
     SystemManager* manager = SystemManager::getInstance();
     manager->addSystem(JobSystem::create(JobMemorySize, threadNum));
