@@ -126,7 +126,7 @@ const char* save(XmlWriter& writer, SaveFiles& files, DocumentWriter::ePrevious 
 {
     announce(eStep::Check);
     if (!writer.isReadable())
-        return "it could not be read back";
+        return writer.isComplete() ? "it could not be read back" : "there is not enough memory";
     announce(eStep::Open);
     if (!files.isUsable() || !files.write(writer))
         return strerror(errno);
