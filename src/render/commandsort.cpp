@@ -169,7 +169,7 @@ void CommandSort::sort(sCommand** destination, sCommand* const* source, unsigned
 {
     const unsigned int blockNum = (count + BlockSize - 1) / BlockSize;
     sPass pass = {mpRank[0], mpRank[1], destination, source, count, BlockSize};
-    run(jobs, &CommandSort::rankJob, blockNum, pass);
+    rank(jobs, blockNum, pass);
     if (joinRuns(pass, blockNum))
         return;
     const auto isSorted = [](const sBlock& block)
@@ -201,10 +201,27 @@ void CommandSort::run(JobSystem* jobs, Method method, unsigned int end, sPass& p
         (this->*method)(i, &pass);
 }
 
-// Ranks a block's commands and notes where its runs begin. A block of many short runs is sorted on the spot.
+// What begins with a few long runs is ranked before another thread would be awake.
+void CommandSort::rank(JobSystem* jobs, unsigned int blockNum, sPass& pass)
+{
+    rankBlock(0, pass);
+    if (mBlock[0].runNum == RunNum)
+        return run(jobs, &CommandSort::rankJob, blockNum, pass);
+    for (unsigned int i = 1; i < blockNum; ++i)
+        rankBlock(i, pass);
+}
+
+// A block of many short runs is sorted on the spot.
 void CommandSort::rankJob(unsigned int index, void* passData)
 {
-    const sPass& pass = *static_cast<sPass*>(passData);
+    rankBlock(index, *static_cast<sPass*>(passData));
+    if (mBlock[index].runNum == RunNum)
+        sortBlockJob(index, passData);
+}
+
+// Ranks a block's commands and notes where its runs begin.
+void CommandSort::rankBlock(unsigned int index, const sPass& pass)
+{
     const unsigned int begin = index * BlockSize;
     const unsigned int end = std::min(begin + BlockSize, pass.count);
     for (unsigned int i = begin; i < end; ++i)
@@ -213,8 +230,6 @@ void CommandSort::rankJob(unsigned int index, void* passData)
     sBlock& block = mBlock[index];
     findRuns(block, pass.destination, begin, end);
     block.sorted = block.runNum == 1;
-    if (block.runNum == RunNum)
-        sortBlockJob(index, passData);
 }
 
 // Looks at several entries at once, since mostly none of them begins a run.

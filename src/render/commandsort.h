@@ -53,7 +53,9 @@ private:
 
     template <typename Method>
     void run(JobSystem* jobs, Method method, unsigned int end, sPass& pass);
+    void rank(JobSystem* jobs, unsigned int blockNum, sPass& pass);
     void rankJob(unsigned int index, void* pass);
+    void rankBlock(unsigned int index, const sPass& pass);
     static void findRuns(sBlock& block, const CommandRank* rank, unsigned int begin, unsigned int end);
     bool joinRuns(const sPass& pass, unsigned int blockNum);
     void sortBlockJob(unsigned int index, void* pass);

@@ -146,10 +146,12 @@ void DrawContext::startDeviceBatch(unsigned int size)
     const unsigned int capacity = getDeviceCapacity(mCurrent.vertexDecl);
     if (size > capacity)
         dev_assert("Too many vertices.", __FILE__, __LINE__);
-    mpDeviceBatch = placeCommand(mCurrent.vertexDecl, size);
-    fillHead(*mpDeviceBatch);
-    mpVertexWrite = static_cast<unsigned char*>(mpDeviceBatch->vertices);
-    mVertexFree = std::min(capacity, static_cast<unsigned int>(mpBlockEnd - mpVertexWrite));
+    sDrawCommand* command = placeCommand(mCurrent.vertexDecl, size);
+    unsigned char* vertices = static_cast<unsigned char*>(command->vertices);
+    mVertexFree = std::min(capacity, static_cast<unsigned int>(mpBlockEnd - vertices));
+    mpVertexWrite = vertices;
+    mpDeviceBatch = command;
+    fillHead(*command);
 }
 
 // Into the next block, since the rest of this one is too small. False if the batch is full.
@@ -204,9 +206,10 @@ void DrawContext::finishBatch()
 
 void DrawContext::finishDeviceBatch()
 {
-    mpDeviceBatch->state.vertexNum = mVertexNum;
+    sDrawCommand* command = mpDeviceBatch;
+    command->state.vertexNum = mVertexNum;
     mpBlockWrite = mpVertexWrite;
-    entryCommand(mpDeviceBatch);
+    entryCommand(command);
 }
 
 void DrawContext::fillHead(sDrawCommand& head) const

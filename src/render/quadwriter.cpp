@@ -140,9 +140,11 @@ inline void QuadWriter::writeBox(__m128 box, __m128 vertex)
                                        _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 1, 2)),
                                        _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 3, 0)),
                                        _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 3, 2))};
-    for (unsigned int i = 0; i < VertexNum; ++i)
-        store(mpEnd + i, corners[i], mSolid);
-    mpEnd += VertexNum;
+    sTexturedDeviceVertex* end = mpEnd;
+    const sTexcoord solid = mSolid;
+    for (const __m128& corner : corners)
+        store(end++, corner, solid);
+    mpEnd = end;
 }
 
 void QuadWriter::convert(const sTexturedDeviceVertex* vertices, unsigned int vertexNum)
@@ -152,6 +154,7 @@ void QuadWriter::convert(const sTexturedDeviceVertex* vertices, unsigned int ver
 
 void QuadWriter::convert(const sPlainDeviceVertex* vertices, unsigned int vertexNum)
 {
+    // Copies, since no compiler can tell that a vertex is no member.
     sTexturedDeviceVertex* converted = mpEnd;
     const sTexcoord solid = mSolid;
     for (unsigned int i = 0; i < vertexNum; ++i)

@@ -89,7 +89,7 @@ bool QuadWriter::writeQuads(const Vertex* vertices, unsigned int vertexNum)
     return vertices == end;
 }
 
-// Both kinds of vertices begin with x and y; what else a register holds is not looked at.
+// Of whole quads. Both kinds of vertices begin with x and y; what else a register holds is not looked at.
 template <typename Vertex>
 bool QuadWriter::isInside(const Vertex* vertices, unsigned int vertexNum) const
 {
@@ -97,11 +97,14 @@ bool QuadWriter::isInside(const Vertex* vertices, unsigned int vertexNum) const
     const __m128 rightBottom = _mm_movehl_ps(leftTop, leftTop);
     __m128 low = rightBottom;
     __m128 high = leftTop;
-    for (unsigned int i = 0; i < vertexNum; ++i)
+    for (const Vertex* end = vertices + vertexNum; vertices != end; vertices += VertexNum)
     {
-        const __m128 vertex = _mm_loadu_ps(&vertices[i].x);
-        low = _mm_min_ps(low, vertex);
-        high = _mm_max_ps(high, vertex);
+        for (unsigned int i = 0; i < VertexNum; ++i)
+        {
+            const __m128 vertex = _mm_loadu_ps(&vertices[i].x);
+            low = _mm_min_ps(low, vertex);
+            high = _mm_max_ps(high, vertex);
+        }
     }
     constexpr int Both = 3;
     const __m128 inside = _mm_and_ps(_mm_cmple_ps(leftTop, low), _mm_cmple_ps(high, rightBottom));

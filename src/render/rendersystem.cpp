@@ -106,8 +106,7 @@ void RenderSystem::entryCommand(sCommand** commands, unsigned int count)
     const unsigned int begin = static_cast<unsigned int>(mEntryNum.add(static_cast<int>(count)));
     if (begin + count > EntryNum)
         dev_assert("Command entry buffer overflow.\n", __FILE__, __LINE__);
-    for (unsigned int i = 0; i < count; ++i)
-        mpEntry[begin + i] = commands[i];
+    std::copy_n(commands, count, mpEntry + begin);
 }
 
 unsigned int RenderSystem::getFreeEighths() const
