@@ -45,9 +45,9 @@ TEST(HeapProgramTest, ReportsALeakAtTheVeryEndAndAborts)
     EXPECT_EQ(end.errors.find("Global : leak", leak + 1), std::string::npos) << "only one block leaks";
 }
 
-TEST(FrameProgramTest, EditsAnimationsThatNearlyFillTheHeapsAndLosesNone)
+TEST(FrameProgramTest, EditsAndSavesAnimationsThatNearlyFillTheHeaps)
 {
-    for (const unsigned int trackNum : {1000u, 25000u, 65000u})
+    for (const unsigned int trackNum : {25000u, 65000u})
     {
         TemporaryDirectory root;
         std::filesystem::create_directories(root / "intermediate");
@@ -65,13 +65,10 @@ TEST(FrameProgramTest, EditsAnimationsThatNearlyFillTheHeapsAndLosesNone)
                     number + ">";
         }
         root.write("intermediate/full.asq.xml", text + "</track_list></AnimResource>\n");
-        const std::string before = root.read("intermediate/full.asq.xml");
         const sEnd end = run(FRAME_PROGRAM " " + root.getPath() + " edit full");
         EXPECT_EQ(end.status, 0) << trackNum << end.errors;
-        const std::string after = root.read("intermediate/full.asq.xml");
-        const bool saved = end.output == "saved";
-        EXPECT_TRUE(saved ? after.size() > before.size() : after == before) << trackNum;
-        EXPECT_TRUE(saved || trackNum > 25000) << trackNum << end.errors;
+        EXPECT_EQ(end.output, "saved") << trackNum << end.errors;
+        EXPECT_GT(root.read("intermediate/full.asq.xml").size(), text.size()) << trackNum << " are not all there";
     }
 }
 
