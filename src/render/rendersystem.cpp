@@ -194,7 +194,8 @@ void RenderSystem::replay()
     const sCommand* const* commands = mJoin.join(mpSortedCommand, mWindowRect, memory);
     const unsigned char* vertices = memory.begin + memory.first;
     mpDevice->beginScene(mWindowRect, vertices, memory.used - memory.first);
-    mDrawCommandNum = Replay(*mpDevice, mWindowRect, vertices).execute(commands) + mJoin.getSavedNum();
+    const unsigned int num = static_cast<unsigned int>(mEntryNum.get());
+    mDrawCommandNum = Replay(*mpDevice, mWindowRect, vertices).execute(commands, num) + mJoin.getSavedNum();
     mpDevice->endScene();
 }
 

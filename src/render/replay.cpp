@@ -10,6 +10,16 @@ namespace
 // Equal to no value of a command, so that the first one is always handed on.
 constexpr unsigned int Unset = 2;
 
+// Sorted commands lie anywhere in more memory than a cache holds, so each is asked for some draws ahead.
+constexpr unsigned int FetchDistance = 8;
+
+void fetch(const sCommand* command)
+{
+    constexpr unsigned int LineSize = 64;
+    for (unsigned int offset = 0; offset < sizeof(sDrawCommand); offset += LineSize)
+        __builtin_prefetch(reinterpret_cast<const char*>(command) + offset);
+}
+
 template <typename T, typename Apply>
 void applyChange(T& current, const T& wanted, Apply apply)
 {
@@ -32,20 +42,22 @@ Replay::Replay(RenderDevice& device, const sRect& window, const void* memory)
 {
 }
 
-unsigned int Replay::execute(const sCommand* const* commands)
+unsigned int Replay::execute(const sCommand* const* commands, unsigned int num)
 {
     mDevice.setViewport(mViewport, mTargetRect);
     mDevice.setScissor(mScissor, mTargetRect);
     mDevice.setProjection(mProjection);
 
     unsigned int drawNum = 0;
-    for (; (*commands)->kind != eCommand::End; ++commands)
+    for (unsigned int i = 0; commands[i]->kind != eCommand::End; ++i)
     {
-        if ((*commands)->kind == eCommand::Clear)
-            clear(static_cast<const sClearCommand&>(**commands));
-        if ((*commands)->kind != eCommand::Draw)
+        if (i + FetchDistance < num)
+            fetch(commands[i + FetchDistance]);
+        if (commands[i]->kind == eCommand::Clear)
+            clear(static_cast<const sClearCommand&>(*commands[i]));
+        if (commands[i]->kind != eCommand::Draw)
             continue;
-        draw(static_cast<const sDrawCommand&>(**commands));
+        draw(static_cast<const sDrawCommand&>(*commands[i]));
         ++drawNum;
     }
     return drawNum;

@@ -17,8 +17,9 @@ public:
     // `memory` is where the frame's commands and vertices start.
     Replay(RenderDevice& device, const sRect& window, const void* memory);
 
-    // Walks up to the end command, passing over what is neither a clear nor a draw. Returns the number of draws.
-    unsigned int execute(const sCommand* const* commands);
+    // Walks up to the end command, passing over what is neither a clear nor a draw. Returns the number of draws. There
+    // is room for `num` commands in the list, whatever stands behind its end.
+    unsigned int execute(const sCommand* const* commands, unsigned int num);
 
 private:
     void clear(const sClearCommand& command);
