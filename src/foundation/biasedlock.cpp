@@ -19,21 +19,16 @@ bool isBarrierThere()
 }
 }
 
-BiasedLock::BiasedLock() : mShared(!isBarrierThere())
+LockBias::LockBias() : mShared(!isBarrierThere())
 {
-}
-
-void BiasedLock::lockShared()
-{
-    mSpinLock.lock();
-    if (!mShared.load(std::memory_order_relaxed)) [[unlikely]]
-        share();
 }
 
 // The barrier puts a fence into all threads. Before it the home thread has said that it is inside, or it sees
 // afterwards that it may not enter.
-void BiasedLock::share()
+void LockBias::takeAway()
 {
+    if (mShared.load(std::memory_order_relaxed)) [[likely]]
+        return;
     mShared.store(true, std::memory_order_release);
     static_cast<void>(callBarrier(MEMBARRIER_CMD_PRIVATE_EXPEDITED));
     while (mAlone.load(std::memory_order_acquire))

@@ -4,58 +4,94 @@
 
 #include <atomic>
 
-// A spin lock for what one thread does nearly alone. The thread that makes it takes and leaves it by plain writes,
-// where a SpinLock needs a locked instruction. The first other thread to come ends that for good: from then on it is a
-// SpinLock for everybody. Not recursive.
-class BiasedLock
+// The right of the thread that made it to work alone, without a lock, until another thread takes the right away for
+// good.
+class LockBias
 {
 public:
-    BiasedLock();
-    BiasedLock(const BiasedLock&) = delete;
-    BiasedLock& operator=(const BiasedLock&) = delete;
+    LockBias();
+    LockBias(const LockBias&) = delete;
+    LockBias& operator=(const LockBias&) = delete;
 
-    // Calls `work` with the lock taken and returns what that returns.
-    template <typename Work>
-    auto run(Work work)
+    // True if the calling thread is now alone inside, until it leaves. Says that the home thread is inside, then looks
+    // whether that is still its right. The processor may do the two in the other order; takeAway() makes up for that.
+    bool enter()
     {
-        if (mpHome != &mHere || !enterAlone()) [[unlikely]]
-            return runShared(work);
-
-        const auto result = work();
-        mAlone.store(false, std::memory_order_release);
-        return result;
-    }
-
-private:
-    // Says that the home thread is inside, then looks whether that is still its right. The processor may do the two in
-    // the other order; whoever takes the right away makes up for that.
-    bool enterAlone()
-    {
+        if (mpHome != &mHere) [[unlikely]]
+            return false;
         mAlone.store(true, std::memory_order_relaxed);
         std::atomic_signal_fence(std::memory_order_seq_cst);
         if (!mShared.load(std::memory_order_acquire)) [[likely]]
             return true;
-        mAlone.store(false, std::memory_order_release);
+        leave();
         return false;
     }
 
-    template <typename Work>
-    [[gnu::noinline]] auto runShared(Work work)
-    {
-        lockShared();
-        const auto result = work();
-        mSpinLock.unlock();
-        return result;
-    }
+    void leave() { mAlone.store(false, std::memory_order_release); }
 
-    void lockShared();
-    void share();
+    // From then on nobody enters, and nobody is inside. One thread at a time may call it.
+    void takeAway();
 
+private:
     // Its address tells the threads apart.
     static inline thread_local constinit char mHere = 0;
 
     const char* const mpHome = &mHere;
     std::atomic<bool> mAlone = false;
     std::atomic<bool> mShared;
-    SpinLock mSpinLock;
+};
+
+// A lock for what one thread does nearly alone. The thread that makes it takes and leaves it by plain writes, where
+// `Lock` needs locked instructions. The first other thread to come ends that: from then on it is a `Lock` for
+// everybody. Not recursive.
+template <typename Lock>
+class BiasedLock
+{
+public:
+    // Calls `work` with the lock taken and returns what that returns.
+    template <typename Work>
+    auto run(Work work)
+    {
+        if (!mBias.enter()) [[unlikely]]
+            return runShared(work);
+        const sAlone alone{mBias};
+        return work();
+    }
+
+private:
+    struct sAlone
+    {
+        ~sAlone() { bias.leave(); }
+
+        LockBias& bias;
+    };
+
+    class Shared
+    {
+    public:
+        explicit Shared(Lock& lock) : mrLock(lock) { take(mrLock); }
+        ~Shared() { giveBack(mrLock); }
+
+        Shared(const Shared&) = delete;
+        Shared& operator=(const Shared&) = delete;
+
+    private:
+        static void take(SpinLock& lock) { lock.lock(); }
+        static void take(CriticalSection& lock) { lock.enter(); }
+        static void giveBack(SpinLock& lock) { lock.unlock(); }
+        static void giveBack(CriticalSection& lock) { lock.leave(); }
+
+        Lock& mrLock;
+    };
+
+    template <typename Work>
+    [[gnu::noinline]] auto runShared(Work work)
+    {
+        const Shared shared(mLock);
+        mBias.takeAway();
+        return work();
+    }
+
+    LockBias mBias;
+    Lock mLock;
 };

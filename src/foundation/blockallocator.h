@@ -43,7 +43,7 @@ private:
     unsigned int mBlockNum;
     void** mpStack = nullptr;
     void** mpStackTop = nullptr;
-    mutable BiasedLock mLock;
+    mutable BiasedLock<SpinLock> mLock;
 
     // 2 to the 64 over the block size, rounded up.
     std::uint64_t mReciprocal;

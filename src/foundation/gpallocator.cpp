@@ -66,19 +66,27 @@ GPAllocator::~GPAllocator()
     checkLeak();
 }
 
+template <typename Work>
+auto GPAllocator::guard(Work work) const
+{
+    return mThreadSafe ? mLock.run(work) : work();
+}
+
 void* GPAllocator::allocate(int size, unsigned int alignment)
 {
     const unsigned int requested = size < 0 ? 0u - static_cast<unsigned int>(size) : static_cast<unsigned int>(size);
     const unsigned int rounded = requested ? wholeGranules(requested + sHeader::Granule - 1) : sHeader::Granule;
-    unsigned char* start = nullptr;
-    {
-        ScopedLock<CriticalSection> lock(getLock());
-        ++mCallCount;
-        if (size != INT_MIN)
-            start = mThreshold < size ? allocateFw(rounded, alignment) : allocateBk(rounded, alignment);
-        if (start)
-            at(wordBefore(start))->mRequestedSize = requested;
-    }
+    unsigned char* start = guard(
+        [=, this]() -> unsigned char*
+        {
+            ++mCallCount;
+            if (size == INT_MIN)
+                return nullptr;
+            unsigned char* taken = mThreshold < size ? allocateFw(rounded, alignment) : allocateBk(rounded, alignment);
+            if (taken)
+                at(wordBefore(taken))->mRequestedSize = requested;
+            return taken;
+        });
     if (!start)
         DEV_TRACE("Heap allocation failed.(%s:size = %d)", mName, size);
     return start;
@@ -88,21 +96,22 @@ void GPAllocator::deallocate(void* block)
 {
     if (!block)
         return;
-    ScopedLock<CriticalSection> lock(getLock());
-    release(at(wordBefore(block)));
+    guard([=, this] { release(at(wordBefore(block))); });
 }
 
 void GPAllocator::clear()
 {
-    ScopedLock<CriticalSection> lock(getLock());
-    checkLeak();
-    reset();
+    guard(
+        [this]
+        {
+            checkLeak();
+            reset();
+        });
 }
 
 unsigned int GPAllocator::getUsedSize() const
 {
-    ScopedLock<CriticalSection> lock(getLock());
-    return mHeapSize - mFreeSize;
+    return guard([this] { return mHeapSize - mFreeSize; });
 }
 
 void GPAllocator::checkLeak() const

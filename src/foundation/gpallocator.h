@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/allocator.h"
+#include "foundation/biasedlock.h"
 #include "foundation/freeindex.h"
-#include "foundation/multithread.h"
 
 // The general heap: exact first fit, small blocks and negative sizes from the top, all others from the bottom, so that
 // long-lived big blocks are not torn apart by small ones. The free blocks form a list in ascending order in which no
@@ -40,9 +40,11 @@ private:
     unsigned int placeOf(const sHeader* block) const;
     sHeader* atGranule(unsigned int granule) const;
     unsigned int granuleOf(const sHeader* block) const;
-    CriticalSection* getLock() const { return mThreadSafe ? &mCriticalSection : nullptr; }
     unsigned char* getHeapStart() const { return static_cast<unsigned char*>(mpHeap); }
     unsigned char* getHeapEnd() const;
+
+    template <typename Work>
+    auto guard(Work work) const;
 
     void reset();
     unsigned char* allocateFw(unsigned int rounded, unsigned int alignment);
@@ -64,7 +66,7 @@ private:
     sHeader* mpFreeTail = nullptr;
     int mThreshold;
     unsigned int mCallCount = 0;
-    mutable CriticalSection mCriticalSection;
+    mutable BiasedLock<CriticalSection> mLock;
     unsigned int mFreeSize = 0;
     FreeIndex mIndex;
 };

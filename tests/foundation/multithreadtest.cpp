@@ -37,7 +37,7 @@ TEST(LockTest, LosesNothingWhenAThreadComesToALockThatOneHadForItself)
 {
     struct sCounter
     {
-        BiasedLock lock;
+        BiasedLock<SpinLock> lock;
         int value = 0;
 
         void count()
