@@ -7,8 +7,8 @@
 #include "animation/drawcurve.h"
 #include "foundation/smatrix.h"
 #include "ui/uikeycode.h"
+#include "ui/uilinerun.h"
 #include "ui/uimenu.h"
-#include "ui/uipainter.h"
 
 #include <algorithm>
 
@@ -151,17 +151,18 @@ void AnimationView::paintMarkings(UIPainter* painter) const
     const AnimSequencer& sequencer = *getTool().getAnimSequencer();
     const AnimResource* resource = getTool().getAnimResource();
     const unsigned int selected = getTool().getSelectTrackIndex();
-    for (unsigned int i = 0; i < sequencer.getTrackNum() && painter->hasRoom(); ++i)
+    UILineRun lines(*painter);
+    for (unsigned int i = 0; i < sequencer.getTrackNum() && lines.hasRoom(); ++i)
     {
         const ObjectBase* object = sequencer.getTrackArray()[i].object;
         const bool isSelected = i == selected;
         const sColor color = isSelected ? sColor::Red : sColor::Yellow;
         if (isSelected && resource && hasFlag(CurveOn))
-            drawCurve(*painter, *resource, i, getTool().getCurrentFrame());
+            addCurve(lines, *resource, i, getTool().getCurrentFrame());
         const sHandle handle = getHandle(object);
         if (handle.drag == NoDrag)
             continue;
-        painter->drawFrame(handle.rect, color);
-        drawCross(*painter, handle.position + Origin, CrossSize, color);
+        lines.addFrame(handle.rect, color);
+        addCross(lines, handle.position + Origin, CrossSize, color);
     }
 }

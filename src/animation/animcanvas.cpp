@@ -3,11 +3,19 @@
 #include "animation/animtool.h"
 #include "ui/uiform.h"
 #include "ui/uikeycode.h"
-#include "ui/uipainter.h"
+#include "ui/uilinerun.h"
+
+#include <algorithm>
 
 namespace
 {
 constexpr unsigned int Space = ' ';
+
+// The last one that is not behind a coordinate of the view.
+int getGridLine(int coordinate)
+{
+    return coordinate - coordinate % AnimCanvas::GridSize;
+}
 }
 
 AnimCanvas::AnimCanvas(const AnimTool* tool, UIForm* form, unsigned int flags, unsigned int scrollDrag)
@@ -77,8 +85,10 @@ void AnimCanvas::drawGrid(UIPainter* painter) const
 {
     const int width = static_cast<int>(getSize().width);
     const int height = static_cast<int>(getSize().height);
-    for (int x = 0; x < width; x += GridSize)
-        painter->drawLine(sPoint(x, 0), sPoint(x, height), sColor::DarkGray);
-    for (int y = 0; y < height; y += GridSize)
-        painter->drawLine(sPoint(0, y), sPoint(width, y), sColor::DarkGray);
+    const sRect seen = getDrawRegion() + (sPoint::Zero - getAbsPosition());
+    UILineRun lines(*painter);
+    for (int x = getGridLine(seen.left); x < std::min(width, seen.right); x += GridSize)
+        lines.add(sPoint(x, 0), sPoint(x, height), sColor::DarkGray);
+    for (int y = getGridLine(seen.top); y < std::min(height, seen.bottom); y += GridSize)
+        lines.add(sPoint(0, y), sPoint(width, y), sColor::DarkGray);
 }

@@ -5,7 +5,7 @@
 #include "animation/animsequencer.h"
 #include "foundation/smatrix.h"
 #include "resource/textureresource.h"
-#include "ui/uipainter.h"
+#include "ui/uilinerun.h"
 
 #include <utility>
 
@@ -95,8 +95,8 @@ sRect getCellRect(const AnimCell& cell)
                  static_cast<int>(top + size.height));
 }
 
-void drawCross(UIPainter& painter, const sPoint& centre, int size, sColor color)
+void addCross(UILineRun& lines, const sPoint& centre, int size, sColor color)
 {
-    painter.drawLine(centre - sPoint(size, 0), centre + sPoint(size, 0), color);
-    painter.drawLine(centre - sPoint(0, size), centre + sPoint(0, size), color);
+    lines.add(centre - sPoint(size, 0), centre + sPoint(size, 0), color);
+    lines.add(centre - sPoint(0, size), centre + sPoint(0, size), color);
 }

@@ -4,6 +4,7 @@
 
 class AnimCell;
 class AnimSequencer;
+class UILineRun;
 class UIPainter;
 class sColor;
 class sMatrix;
@@ -20,4 +21,4 @@ void drawAnimation(UIPainter& painter, const AnimSequencer& animation, const sMa
 sRect getCellRect(const AnimCell& cell);
 
 // Two lines of `size` pixels to each side of a point.
-void drawCross(UIPainter& painter, const sPoint& centre, int size, sColor color);
+void addCross(UILineRun& lines, const sPoint& centre, int size, sColor color);

@@ -6,7 +6,7 @@
 #include "sequencer/sequencerlane.h"
 #include "sequencer/sequencerresourceintermediate.h"
 #include "sequencer/sequencertrack.h"
-#include "ui/uipainter.h"
+#include "ui/uilinerun.h"
 
 namespace
 {
@@ -43,41 +43,41 @@ const SequencerLane* findPositionLane(const SequencerResourceIntermediate& resou
     return lane && lane->getKeyType() == ValueTraits<sPoint>::type ? lane : nullptr;
 }
 
-void drawKey(UIPainter& painter, sColor color, ObjectList::Iterator key, const SequencerKey* next)
+void addKey(UILineRun& lines, sColor color, ObjectList::Iterator key, const SequencerKey* next)
 {
     const sPoint point = toView(getPoint(toKey(*key)));
     const eInterpolateType type = toKey(*key).getInterpolateType();
     if (next && type == eInterpolateType::Linear)
-        painter.drawLine(point, toView(getPoint(*next)), color);
+        lines.add(point, toView(getPoint(*next)), color);
     if (next && type == eInterpolateType::Hermite)
-        drawHermiteCurve(painter, color, key);
-    drawCross(painter, point, CrossSize, color);
+        addHermiteCurve(lines, color, key);
+    addCross(lines, point, CrossSize, color);
 }
 }
 
-void drawCurve(UIPainter& painter, const SequencerResourceIntermediate& resource, unsigned int trackIndex,
-               unsigned int frame)
+void addCurve(UILineRun& lines, const SequencerResourceIntermediate& resource, unsigned int trackIndex,
+              unsigned int frame)
 {
     const SequencerLane* lane = findPositionLane(resource, trackIndex);
     if (!lane)
         return;
     const ObjectList& keys = lane->getKeyList();
-    for (ObjectList::Iterator key = keys.begin(); key != keys.end() && painter.hasRoom(); ++key)
+    for (ObjectList::Iterator key = keys.begin(); key != keys.end() && lines.hasRoom(); ++key)
     {
         const ObjectList::Iterator following = key + 1;
         const SequencerKey* next = following != keys.end() ? &toKey(*following) : nullptr;
         const bool isCurrent = toKey(*key).getFrame() <= frame && (!next || frame < next->getFrame());
-        drawKey(painter, isCurrent ? sColor::Red : sColor::Blue, key, next);
+        addKey(lines, isCurrent ? sColor::Red : sColor::Blue, key, next);
     }
 }
 
-void drawHermiteCurve(UIPainter& painter, sColor color, ObjectList::Iterator key)
+void addHermiteCurve(UILineRun& lines, sColor color, ObjectList::Iterator key)
 {
     sPoint from = toView(getPoint(toKey(*key)));
     for (const sPoint& point : makeHermiteCurve(key))
     {
         const sPoint to = toView(point);
-        painter.drawLine(from, to, color);
+        lines.add(from, to, color);
         from = to;
     }
 }

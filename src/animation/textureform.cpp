@@ -6,8 +6,8 @@
 #include "reflection/resourceproperty.h"
 #include "render/texture.h"
 #include "resource/textureresource.h"
+#include "ui/uilinerun.h"
 #include "ui/uimenu.h"
-#include "ui/uipainter.h"
 #include "ui/uiparametercontrol.h"
 #include "ui/uiresourcecontrol.h"
 
@@ -148,9 +148,10 @@ void TextureView::eventPaint(UIPainter* painter)
         drawGrid(painter);
 
     const AnimSequencer* sequencer = getTool().getAnimSequencer();
-    for (unsigned int i = 0; sequencer && i < sequencer->getTrackNum() && painter->hasRoom(); ++i)
+    UILineRun lines(*painter);
+    for (unsigned int i = 0; sequencer && i < sequencer->getTrackNum() && lines.hasRoom(); ++i)
     {
         if (const AnimCell* cell = toCell(sequencer->getTrackArray()[i].object))
-            painter->drawFrame(getTextureRect(*cell), sColor::Red);
+            lines.addFrame(getTextureRect(*cell), sColor::Red);
     }
 }

@@ -2,8 +2,8 @@
 
 #include "reflection/objectlist.h"
 #include "sequencer/rubberband.h"
+#include "ui/uilinerun.h"
 #include "ui/uimessage.h"
-#include "ui/uipainter.h"
 
 // A row of the right side with elements on its frames, the keys of a lane or the markers. A press deselects, and
 // dragging a band selects the first element, in their order, that it covers. The row's class names the elements.
@@ -49,7 +49,7 @@ private:
     static bool isFirst(unsigned int button) { return button & UIMouseDownMessage::FirstButton; }
 
     // On purpose: in the row's own pixels, so that the keys of a lane stand as far right as its row is set in.
-    int getX(const Element& element) const { return static_cast<int>(element.getFrame()) - this->getScroll(); }
+    static int getX(const Element& element, int scroll) { return static_cast<int>(element.getFrame()) - scroll; }
 
     template <typename Visitor>
     void forEachElement(Visitor&& visit) const
@@ -63,11 +63,12 @@ private:
 
     Element* findCovered() const
     {
+        const int scroll = this->getScroll();
         Element* covered = nullptr;
         forEachElement(
             [&](Element& element)
             {
-                if (!covered && mBand.covers(getX(element)))
+                if (!covered && mBand.covers(getX(element, scroll)))
                     covered = &element;
             });
         return covered;
@@ -77,14 +78,16 @@ private:
     {
         const int width = static_cast<int>(this->getSize().width);
         const int height = static_cast<int>(this->getSize().height);
+        const int scroll = this->getScroll();
         const Element* selected = getSelectElement();
+        UILineRun lines(*painter);
         forEachElement(
             [&](const Element& element)
             {
-                const int x = getX(element);
+                const int x = getX(element, scroll);
                 const sColor color = &element == selected ? sColor::Green : sColor::Black;
-                if (x >= 0 && x < width && painter->hasRoom())
-                    painter->drawLine(sPoint(x, 0), sPoint(x, height), color);
+                if (x >= 0 && x < width && lines.hasRoom())
+                    lines.add(sPoint(x, 0), sPoint(x, height), color);
             });
     }
 

@@ -1,11 +1,11 @@
 #include "sequencer/sequenceform.h"
 
 #include "foundation/autostring.h"
+#include "reflection/valuetext.h"
 #include "sequencer/trackform.h"
-#include "ui/uipainter.h"
+#include "ui/uilinerun.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace
 {
@@ -116,17 +116,18 @@ void SequencerTool::SequenceForm::paintScale(UIPainter* painter, int scroll) con
 {
     const int base = getBaseLine();
     const int width = static_cast<int>(getSize().width);
-    painter->drawLine(sPoint(0, base), sPoint(width, base), InkColor);
+    UILineRun lines(*painter);
+    lines.add(sPoint(0, base), sPoint(width, base), InkColor);
     for (int frame = scroll - scroll % NumberFrames; frame < scroll + width + NumberFrames; frame += TickFrames)
     {
         const int x = frame - scroll;
         const bool hasNumber = frame % NumberFrames == 0;
         if (x >= 0 && x < width)
-            painter->drawLine(sPoint(x, base + (hasNumber ? NumberTickHeight : TickHeight)), sPoint(x, base), InkColor);
+            lines.add(sPoint(x, base + (hasNumber ? NumberTickHeight : TickHeight)), sPoint(x, base), InkColor);
         if (!hasNumber)
             continue;
-        char number[12];
-        std::snprintf(number, sizeof(number), "%d", frame);
+        char buffer[ValueTextSize];
+        const char* number = formatInteger(buffer, frame);
         painter->drawString(sPoint(x - UIPainter::getTextWidth(number) / 2, base + NumberTickHeight), number, InkColor);
     }
 }

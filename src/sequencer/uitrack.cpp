@@ -40,6 +40,9 @@ void SequencerTool::UITrack::eventSize()
     const unsigned int width = getSize().width;
     const unsigned int lanes = isExtracted() ? mLaneList.size() * UILane::Height + Border : 0;
     setSize({width, CollapsedHeight + lanes});
+    if (width == mLaneWidth)
+        return;
+    mLaneWidth = width;
     for (UILane* lane : mLaneList)
         lane->setTrackWidth(width);
 }

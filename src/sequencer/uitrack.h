@@ -21,6 +21,7 @@ public:
     {
         Lane* row = new Lane(lane, this, mLaneList.size());
         mLaneList.addLast(row);
+        mLaneWidth = 0;
         add(row);
     }
 
@@ -35,6 +36,7 @@ public:
 private:
     SequencerTrack* mpTrack;
     List<UILane> mLaneList;
+    unsigned int mLaneWidth = 0; // of the row when the lanes were given theirs
 };
 
 // The left side has the name, and a box that extracts the lanes of both sides.

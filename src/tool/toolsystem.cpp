@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -37,9 +38,14 @@ __m128 toFloat(__m128i fixed)
 }
 
 // Two points in pixels. On purpose: they wrap as numbers with 16 fractional bits do.
+__m128 pixelsToFloat(__m128i pixels)
+{
+    return toFloat(_mm_slli_epi32(pixels, 16));
+}
+
 __m128 toFloat(int x0, int y0, int x1, int y1)
 {
-    return toFloat(_mm_slli_epi32(_mm_setr_epi32(x0, y0, x1, y1), 16));
+    return pixelsToFloat(_mm_setr_epi32(x0, y0, x1, y1));
 }
 
 // The second half of a vertex: no depth, and its colour.
@@ -66,9 +72,9 @@ public:
     void write(__m128 points, sColor color) { store(mpVertex++, points, toDepthAndColor(color)); }
 
     // Through the centres of pixels.
-    void writeLine(int x0, int y0, int x1, int y1, sColor c0, sColor c1)
+    void writeLine(__m128 points, sColor c0, sColor c1)
     {
-        const __m128 ends = _mm_add_ps(toFloat(x0, y0, x1, y1), _mm_set1_ps(0.5f));
+        const __m128 ends = _mm_add_ps(points, _mm_set1_ps(0.5f));
         write(ends, c0);
         write(_mm_movehl_ps(ends, ends), c1);
     }
@@ -294,16 +300,30 @@ void ToolSystem::drawTriangle(DrawContext* context, const sPoint& p0, const sPoi
 
 void ToolSystem::drawLine(DrawContext* context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1)
 {
-    PlainWriter(context, ePrimitiveType::Lines, 2).writeLine(p0.x, p0.y, p1.x, p1.y, c0, c1);
+    PlainWriter(context, ePrimitiveType::Lines, 2).writeLine(toFloat(p0.x, p0.y, p1.x, p1.y), c0, c1);
+}
+
+void ToolSystem::drawLines(DrawContext* context, const sColorLine* lines, unsigned int num, const sPoint& origin)
+{
+    static_assert(offsetof(sColorLine, to) == sizeof(sPoint), "Both ends are read at once.");
+    const __m128i shift = _mm_setr_epi32(origin.x, origin.y, origin.x, origin.y);
+    PlainWriter writer(context, ePrimitiveType::Lines, 2 * num);
+    for (const sColorLine* line = lines; line != lines + num; ++line)
+    {
+        const __m128i ends = _mm_loadu_si128(reinterpret_cast<const __m128i*>(line));
+        writer.writeLine(pixelsToFloat(_mm_add_epi32(ends, shift)), line->color, line->color);
+    }
 }
 
 void ToolSystem::drawBevel(DrawContext* context, const sRect& rect, sColor topLeft, sColor bottomRight)
 {
     PlainWriter writer(context, ePrimitiveType::Lines, 8);
-    writer.writeLine(rect.left, rect.top, rect.right, rect.top, topLeft, topLeft);
-    writer.writeLine(rect.left, rect.top, rect.left, rect.bottom, topLeft, topLeft);
-    writer.writeLine(rect.left, rect.bottom - 1, rect.right, rect.bottom - 1, bottomRight, bottomRight);
-    writer.writeLine(rect.right - 1, rect.top, rect.right - 1, rect.bottom, bottomRight, bottomRight);
+    forEachEdge(rect,
+                [&](const sPoint& from, const sPoint& to, bool isTopLeft)
+                {
+                    const sColor color = isTopLeft ? topLeft : bottomRight;
+                    writer.writeLine(toFloat(from.x, from.y, to.x, to.y), color, color);
+                });
 }
 
 void ToolSystem::drawString(DrawContext* context, const sPoint& position, const char* text, unsigned int size,

@@ -6,6 +6,7 @@
 #include "foundation/spoint.h"
 #include "foundation/srect.h"
 #include "render/drawcontext.h"
+#include "tool/colorline.h"
 
 #include <array>
 
@@ -61,6 +62,9 @@ public:
     static void drawTriangle(DrawContext* context, const sPoint& p0, const sPoint& p1, const sPoint& p2, sColor c0,
                              sColor c1, sColor c2, const sTexcoord& t0, const sTexcoord& t1, const sTexcoord& t2);
     static void drawLine(DrawContext* context, const sPoint& p0, const sPoint& p1, sColor c0, sColor c1);
+
+    // All of them moved by `origin`; at most half as many at once as a context takes plain vertices.
+    static void drawLines(DrawContext* context, const sColorLine* lines, unsigned int num, const sPoint& origin);
 
     // Four lines on the inside of a rectangle, each one pixel wide, in the order top, left, bottom, right.
     static void drawBevel(DrawContext* context, const sRect& rect, sColor topLeft, sColor bottomRight);

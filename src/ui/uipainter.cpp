@@ -122,6 +122,12 @@ void UIPainter::drawLine(const sPoint& a, const sPoint& b, sColor color)
     drawLine(a, b, color, color);
 }
 
+void UIPainter::drawLines(const sColorLine* lines, unsigned int num)
+{
+    beginPlain();
+    ToolSystem::drawLines(mContext, lines, num, mOrigin);
+}
+
 void UIPainter::drawTriangle(const sPoint& a, const sPoint& b, const sPoint& c, sColor colorA, sColor colorB,
                              sColor colorC)
 {
@@ -189,8 +195,9 @@ void UIPainter::drawConcaveLine(const sPoint& a, const sPoint& b)
 {
     const bool steep = std::abs(b.x - a.x) <= std::abs(b.y - a.y);
     const sPoint shift = steep ? sPoint(1, 0) : sPoint(0, 1);
-    drawLine(a, b, getColors().mDarkLightColor);
-    drawLine(a + shift, b + shift, getColors().mHighLightColor);
+    const sColorLine lines[] = {{a, b, getColors().mDarkLightColor},
+                                {a + shift, b + shift, getColors().mHighLightColor}};
+    drawLines(lines, 2);
 }
 
 // The frame starts half a line of text below the top of the rectangle, so that the caption stands in its edge.

@@ -9,6 +9,7 @@
 
 class DrawContext;
 class Texture;
+struct sColorLine;
 struct UIColorScheme;
 
 // What every element draws with, for the length of one paint job on one thread. It adds an origin to all
@@ -71,6 +72,9 @@ public:
 
     void drawLine(const sPoint& a, const sPoint& b, sColor colorA, sColor colorB);
     void drawLine(const sPoint& a, const sPoint& b, sColor color);
+
+    // So many at most as ToolSystem takes at once; a UILineRun takes any number.
+    void drawLines(const sColorLine* lines, unsigned int num);
 
     void drawTriangle(const sPoint& a, const sPoint& b, const sPoint& c, sColor colorA, sColor colorB, sColor colorC);
     void drawTriangle(const sPoint& a, const sPoint& b, const sPoint& c, sColor color);

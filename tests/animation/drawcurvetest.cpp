@@ -5,7 +5,7 @@
 #include "sequencer/sequencerlane.h"
 #include "tests/support/headlesssystems.h"
 #include "tests/support/lanes.h"
-#include "ui/uipainter.h"
+#include "ui/uilinerun.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,8 @@ protected:
                  [&](DrawContext& context)
                  {
                      UIPainter painter(&context, 7);
-                     drawCurve(painter, mAnimation, 0, frame);
+                     UILineRun run(painter);
+                     addCurve(run, mAnimation, 0, frame);
                  }))
             for (const sTexturedDeviceVertex& vertex : draw.vertices)
                 ++(vertex.color == sColor::Red ? lines.first : lines.second);
