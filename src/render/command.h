@@ -11,6 +11,7 @@ enum class eCommand : unsigned int
     Clear = 0,
     Draw = 1,
     End = 2,
+    JoinedDraw = 3,
 };
 
 // The head of every command of a frame. Commands are replayed in ascending order of their keys.
@@ -30,7 +31,8 @@ struct sClearCommand : sCommand
     Texture* target;
 };
 
-// The vertices lie in command memory, a multiple of their stride behind its start.
+// The vertices lie in command memory, a multiple of their stride behind its start; those of a joined draw lie in the
+// room for them.
 struct sDrawCommand : sCommand
 {
     sDrawState state;

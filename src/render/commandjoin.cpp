@@ -17,9 +17,8 @@ constexpr std::size_t MaximumVertexNum = RenderDevice::MaximumQuadNum * QuadWrit
 
 constexpr unsigned int StrideMultiple = std::lcm(sizeof(sPlainDeviceVertex), sizeof(sTexturedDeviceVertex));
 
-// Room for the commands of a run, and for the way to the next multiple of a vertex.
+// The commands of a run.
 constexpr unsigned int CommandSize = 2 * sizeof(sDrawCommand);
-constexpr unsigned int RunSize = CommandSize + alignof(sDrawCommand) + sizeof(sTexturedDeviceVertex);
 
 // What stays where it is takes more of the memory than that, or is moved.
 constexpr unsigned int KeptShare = 8;
@@ -107,16 +106,17 @@ void CommandJoin::setSolidTexel(Texture* texture, const sTexcoord& place)
 const sCommand* const* CommandJoin::join(const sCommand* const* commands, const sRect& window, sCommandMemory& memory)
 {
     mSavedNum = 0;
-    if (!mEnable || !mpTexture)
+    if (!isActive())
         return commands;
 
     mWindow = window;
     mpMemory = &memory;
+    mpJoinedEnd = memory.joined;
     mInWindow = true;
     mRun = {};
     mListNum = 0;
     mKeptSize = 0;
-    const unsigned int tail = alignUp(memory.used, StrideMultiple);
+    const unsigned int recorded = memory.used;
     for (; (*commands)->kind != eCommand::End; ++commands)
     {
         if ((*commands)->kind == eCommand::Draw)
@@ -125,7 +125,7 @@ const sCommand* const* CommandJoin::join(const sCommand* const* commands, const 
             addClear(static_cast<const sClearCommand&>(**commands));
     }
     finishRun();
-    gatherKept(tail);
+    gatherKept(recorded);
     append(*commands);
     return mList.data();
 }
@@ -152,8 +152,7 @@ void CommandJoin::addClear(const sClearCommand& command)
         sDrawCommand* silent = run.command + 1;
         *silent = *run.last;
         silent->state.vertexNum = 0;
-        silent->vertices = run.vertices;
-        append(silent);
+        keep(*silent);
         --mSavedNum;
     }
     mInWindow = command.target == nullptr;
@@ -192,19 +191,20 @@ bool CommandJoin::makeRoom(const sDrawCommand& command)
 
 void CommandJoin::startRun(const sDrawCommand& command)
 {
-    const unsigned int room = mpMemory->capacity - mpMemory->used;
-    if (room < RunSize)
+    const unsigned int place = alignUp(mpMemory->used, alignof(sDrawCommand));
+    if (place + CommandSize > mpMemory->capacity)
         return;
     mRun.first = &command;
     mRun.memoryUsed = mpMemory->used;
-    const unsigned int place = alignUp(mpMemory->used, alignof(sDrawCommand));
-    mpMemory->used = alignUp(place + CommandSize, sizeof(sTexturedDeviceVertex));
+    mpMemory->used = place + CommandSize;
     mRun.command = reinterpret_cast<sDrawCommand*>(mpMemory->begin + place);
-    mRun.vertices = reinterpret_cast<sTexturedDeviceVertex*>(mpMemory->begin + mpMemory->used);
+    mRun.vertices = mpJoinedEnd;
     mRun.end = mRun.vertices;
-    mRun.limit = mRun.vertices + std::min((room - RunSize) / sizeof(sTexturedDeviceVertex), MaximumVertexNum);
+    const auto room = static_cast<std::size_t>(mpMemory->joined + mpMemory->joinedNum - mpJoinedEnd);
+    mRun.limit = mRun.vertices + std::min(room, MaximumVertexNum);
 
     *mRun.command = command;
+    mRun.command->kind = eCommand::JoinedDraw;
     mRun.command->state = {static_cast<unsigned int>(eBlendMode::Alpha),
                            static_cast<unsigned int>(ePrimitiveType::Quads),
                            static_cast<unsigned int>(eTextureFiltering::Nearest),
@@ -223,7 +223,7 @@ void CommandJoin::finishRun()
     if (mRun.drawNum > 1)
     {
         mRun.command->state.vertexNum = static_cast<unsigned int>(mRun.end - mRun.vertices) & 0xFFFF;
-        mpMemory->used = static_cast<unsigned int>(reinterpret_cast<unsigned char*>(mRun.end) - mpMemory->begin);
+        mpJoinedEnd = mRun.end;
         append(mRun.command);
         mSavedNum += mRun.drawNum - 1;
     }
@@ -241,20 +241,20 @@ void CommandJoin::keep(const sDrawCommand& command)
 }
 
 // So that the library is not handed all of the frame's memory for the sake of a few draws.
-void CommandJoin::gatherKept(unsigned int tail)
+void CommandJoin::gatherKept(unsigned int recorded)
 {
     sCommandMemory& memory = *mpMemory;
-    if (mKeptSize > tail / KeptShare || mKeptSize > memory.capacity - memory.used)
+    const unsigned int first = alignUp(memory.used, StrideMultiple);
+    if (mKeptSize > recorded / KeptShare || first + mKeptSize > memory.capacity)
         return;
+    memory.used = first;
+    memory.first = first;
     for (unsigned int i = 0; i < mListNum; ++i)
     {
         if (mList[i]->kind != eCommand::Draw)
             continue;
-        const sDrawCommand& command = static_cast<const sDrawCommand&>(*mList[i]);
-        if (command.vertices < memory.begin + tail)
-            mList[i] = moveToEnd(command);
+        mList[i] = moveToEnd(static_cast<const sDrawCommand&>(*mList[i]));
     }
-    memory.first = tail;
 }
 
 const sDrawCommand* CommandJoin::moveToEnd(const sDrawCommand& command)

@@ -12,13 +12,16 @@ struct sCommand;
 struct sDrawCommand;
 
 // Where the commands and vertices of a frame lie; behind what is used there is room up to the capacity. No draw has
-// vertices before the first place, which is a multiple of every stride.
+// vertices before the first place, which is a multiple of every stride. Vertices of joined draws have a room of their
+// own, which is only written.
 struct sCommandMemory
 {
     unsigned char* begin;
     unsigned int used;
     unsigned int capacity;
     unsigned int first = 0;
+    sJoinedDeviceVertex* joined = nullptr;
+    unsigned int joinedNum = 0;
 };
 
 // Draws neighbours of the sorted list at once, to the same picture. An interface makes several commands an element,
@@ -36,8 +39,11 @@ public:
 
     void setEnable(bool enable) { mEnable = enable; }
 
+    // Whether the next list can need the room for joined vertices.
+    bool isActive() const { return mEnable && mpTexture; }
+
     // The list to replay in place of `commands`, which is left alone; it holds until the next call. What it needs
-    // goes into the room of `memory`, whose used part grows; where there is none, commands stay as they are. If few
+    // goes into the rooms of `memory`, whose used part grows; where there is none, commands stay as they are. If few
     // vertices are left that are not joined, they follow there, so that the library needs only what is new. Nothing is
     // allocated.
     const sCommand* const* join(const sCommand* const* commands, const sRect& window, sCommandMemory& memory);
@@ -46,16 +52,16 @@ public:
     unsigned int getSavedNum() const { return mSavedNum; }
 
 private:
-    // Draws that become one. Its two commands lie in front of its vertices: what draws them all, and what draws
-    // nothing and leaves the state that the last of them would leave.
+    // Draws that become one. Its two commands are what draws them all, and what draws nothing and leaves the state
+    // that the last of them would leave.
     struct sRun
     {
         sDrawCommand* command;
         const sDrawCommand* first;
         const sDrawCommand* last;
-        sTexturedDeviceVertex* vertices;
-        sTexturedDeviceVertex* end;
-        const sTexturedDeviceVertex* limit;
+        sJoinedDeviceVertex* vertices;
+        sJoinedDeviceVertex* end;
+        const sJoinedDeviceVertex* limit;
         unsigned int drawNum;
         unsigned int memoryUsed;
     };
@@ -67,7 +73,7 @@ private:
     void startRun(const sDrawCommand& command);
     void finishRun();
     void keep(const sDrawCommand& command);
-    void gatherKept(unsigned int tail);
+    void gatherKept(unsigned int recorded);
     const sDrawCommand* moveToEnd(const sDrawCommand& command);
     void append(const sCommand* command) { mList[mListNum++] = command; }
     bool write(const sDrawCommand& command);
@@ -85,6 +91,7 @@ private:
     // Of the frame at work: the window, the memory, and whether rectangles are placed by the window.
     sRect mWindow = sRect::Zero;
     sCommandMemory* mpMemory = nullptr;
+    sJoinedDeviceVertex* mpJoinedEnd = nullptr;
     bool mInWindow = true;
     sRun mRun = {};
 };

@@ -18,10 +18,12 @@ enum class ePrimitiveType : unsigned int
     Quads = 3,
 };
 
+// Nobody records what is joined: it comes into being on the way to the library, and no draw state holds it.
 enum class eVertexDecl : unsigned int
 {
     Plain = 0,
     Textured = 1,
+    Joined = 2,
 };
 
 enum class eTextureFiltering : unsigned int

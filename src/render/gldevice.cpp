@@ -30,6 +30,7 @@ constexpr const char* MultiTexture[] = {"GL_ARB_multitexture"};
 constexpr const char* TextureCombine[] = {"GL_ARB_texture_env_combine"};
 constexpr const char* Framebuffer[] = {"GL_ARB_framebuffer_object"};
 constexpr const char* VertexArray[] = {"GL_ARB_vertex_array_object"};
+constexpr const char* MapRange[] = {"GL_ARB_map_buffer_range"};
 constexpr const char* BaseVertex[] = {"GL_ARB_draw_elements_base_vertex"};
 
 struct sExtensionRow
@@ -39,9 +40,13 @@ struct sExtensionRow
 };
 
 constexpr sExtensionRow ExtensionTable[] = {
-    {RectangleTexture, std::size(RectangleTexture)}, {MultiTexture, std::size(MultiTexture)},
-    {TextureCombine, std::size(TextureCombine)},     {Framebuffer, std::size(Framebuffer)},
-    {VertexArray, std::size(VertexArray)},           {BaseVertex, std::size(BaseVertex)},
+    {RectangleTexture, std::size(RectangleTexture)},
+    {MultiTexture, std::size(MultiTexture)},
+    {TextureCombine, std::size(TextureCombine)},
+    {Framebuffer, std::size(Framebuffer)},
+    {VertexArray, std::size(VertexArray)},
+    {MapRange, std::size(MapRange)},
+    {BaseVertex, std::size(BaseVertex)},
 };
 
 struct sBlendRow
@@ -154,7 +159,21 @@ GLDevice::~GLDevice()
     glBindVertexArray(0);
     glDeleteVertexArrays(DeclarationNum, mArray);
     glDeleteBuffers(1, &mVertexBuffer);
+    glDeleteBuffers(1, &mJoinedBuffer);
     glDeleteBuffers(1, &mIndexBuffer);
+}
+
+// What earlier frames left there is given up, so that the library need not wait for their draws.
+sJoinedDeviceVertex* GLDevice::makeJoinedRoom(unsigned int num)
+{
+    glBindBuffer(GL_ARRAY_BUFFER, mJoinedBuffer);
+    const auto size = static_cast<GLsizeiptr>(num * sizeof(sJoinedDeviceVertex));
+    if (num != mJoinedNum)
+        glBufferData(GL_ARRAY_BUFFER, size, nullptr, GL_STREAM_DRAW);
+    mJoinedNum = num;
+    void* room = glMapBufferRange(GL_ARRAY_BUFFER, 0, size, GL_MAP_WRITE_BIT | GL_MAP_INVALIDATE_BUFFER_BIT);
+    mJoinedMapped = room != nullptr;
+    return static_cast<sJoinedDeviceVertex*>(room);
 }
 
 void GLDevice::beginScene(const sRect& window, const void* memory, unsigned int size)
@@ -169,8 +188,12 @@ void GLDevice::beginScene(const sRect& window, const void* memory, unsigned int 
     glClearColor(0.3f, 0.3f, 0.3f, 0.0f);
     glClear(GL_COLOR_BUFFER_BIT);
 
-    glBindBuffer(GL_ARRAY_BUFFER, mVertexBuffer);
-    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(size), memory, GL_STREAM_DRAW);
+    finishJoinedRoom();
+    if (size)
+    {
+        glBindBuffer(GL_ARRAY_BUFFER, mVertexBuffer);
+        glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(size), memory, GL_STREAM_DRAW);
+    }
     glBindVertexArray(mArray[static_cast<unsigned int>(mDeclaration)]);
 }
 
@@ -351,23 +374,49 @@ void GLDevice::makeQuadIndex()
 
 void GLDevice::makeArrays()
 {
-    glGenBuffers(1, &mVertexBuffer);
-    glBindBuffer(GL_ARRAY_BUFFER, mVertexBuffer);
-    glGenVertexArrays(DeclarationNum, mArray);
-    for (eVertexDecl declaration : {eVertexDecl::Textured, eVertexDecl::Plain})
+    struct sArrayRow
     {
-        const GLsizei stride = static_cast<GLsizei>(getDeviceStride(declaration));
-        glBindVertexArray(mArray[static_cast<unsigned int>(declaration)]);
+        eVertexDecl declaration;
+        GLuint buffer;
+        GLint dimension;
+        std::size_t color;
+        std::size_t texel;
+    };
+    glGenBuffers(1, &mVertexBuffer);
+    glGenBuffers(1, &mJoinedBuffer);
+    glGenVertexArrays(DeclarationNum, mArray);
+    constexpr std::size_t NoTexel = 0;
+    const sArrayRow rows[] = {
+        {eVertexDecl::Textured, mVertexBuffer, 3, offsetof(sTexturedDeviceVertex, color),
+         offsetof(sTexturedDeviceVertex, s)},
+        {eVertexDecl::Joined, mJoinedBuffer, 2, offsetof(sJoinedDeviceVertex, color), offsetof(sJoinedDeviceVertex, s)},
+        {eVertexDecl::Plain, mVertexBuffer, 3, offsetof(sPlainDeviceVertex, color), NoTexel},
+    };
+    for (const sArrayRow& row : rows)
+    {
+        const GLsizei stride = static_cast<GLsizei>(getDeviceStride(row.declaration));
+        glBindVertexArray(mArray[static_cast<unsigned int>(row.declaration)]);
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mIndexBuffer);
+        glBindBuffer(GL_ARRAY_BUFFER, row.buffer);
         glEnableClientState(GL_VERTEX_ARRAY);
         glEnableClientState(GL_COLOR_ARRAY);
-        glVertexPointer(3, GL_FLOAT, stride, nullptr);
-        glColorPointer(4, GL_UNSIGNED_BYTE, stride, bufferOffset<void*>(offsetof(sPlainDeviceVertex, color)));
-        if (declaration == eVertexDecl::Plain)
+        glVertexPointer(row.dimension, GL_FLOAT, stride, nullptr);
+        glColorPointer(4, GL_UNSIGNED_BYTE, stride, bufferOffset<void*>(row.color));
+        if (row.texel == NoTexel)
             continue;
         glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-        glTexCoordPointer(2, GL_SHORT, stride, bufferOffset<void*>(offsetof(sTexturedDeviceVertex, s)));
+        glTexCoordPointer(2, GL_SHORT, stride, bufferOffset<void*>(row.texel));
     }
+}
+
+void GLDevice::finishJoinedRoom()
+{
+    if (!mJoinedMapped)
+        return;
+    mJoinedMapped = false;
+    glBindBuffer(GL_ARRAY_BUFFER, mJoinedBuffer);
+    if (!glUnmapBuffer(GL_ARRAY_BUFFER))
+        DEV_TRACE("RenderSystem : The vertices of a frame are lost.\n");
 }
 
 void GLDevice::setDeclaration(eVertexDecl declaration)

@@ -2,10 +2,11 @@
 
 #include "render/renderdevice.h"
 
-// The device on OpenGL, in the context that is current. Vertices of the whole frame go to one buffer; one array
-// object for each declaration finds them there by index, so that a draw sets no pointers. Rectangles run from the
-// top left, the library from the bottom left: this class turns them over. A picture drawn into a texture therefore
-// lies in it with the bottom row first, and is turned over once more by the texture matrix where it is used.
+// The device on OpenGL, in the context that is current. Vertices of the whole frame go to one buffer, and those of
+// joined draws are written to another where it lies; one array object for each declaration finds them there by index,
+// so that a draw sets no pointers. Rectangles run from the top left, the library from the bottom left: this class turns
+// them over. A picture drawn into a texture therefore lies in it with the bottom row first, and is turned over once
+// more by the texture matrix where it is used.
 class GLDevice : public RenderDevice
 {
 public:
@@ -16,6 +17,7 @@ public:
     GLDevice(const GLDevice&) = delete;
     GLDevice& operator=(const GLDevice&) = delete;
 
+    sJoinedDeviceVertex* makeJoinedRoom(unsigned int num) override;
     void beginScene(const sRect& window, const void* memory, unsigned int size) override;
     void endScene() override;
     void clear(sColor color, const sRect& rect, const sRect& target) override;
@@ -35,12 +37,13 @@ public:
     void readPixels(const sRect& rect, const sRect& window, sColor* pixels) override;
 
 private:
-    static constexpr unsigned int DeclarationNum = 2;
+    static constexpr unsigned int DeclarationNum = 3;
 
     explicit GLDevice(const sRect& window);
 
     void makeQuadIndex();
     void makeArrays();
+    void finishJoinedRoom();
     void drawQuads(unsigned int first, unsigned int quadNum);
     void setDeclaration(eVertexDecl declaration);
     void setTextureHeight(unsigned int height);
@@ -48,6 +51,12 @@ private:
     unsigned int mVertexBuffer = 0;
     unsigned int mIndexBuffer = 0;
     unsigned int mArray[DeclarationNum] = {};
+
+    // The room for joined vertices: its buffer, how many that has been made for, and whether they can be written now.
+    unsigned int mJoinedBuffer = 0;
+    unsigned int mJoinedNum = 0;
+    bool mJoinedMapped = false;
+
     sRect mScissorBox = sRect::Zero;
     eVertexDecl mDeclaration = eVertexDecl::Plain;
     bool mTextureEnabled = false;

@@ -6,6 +6,7 @@
 class NullDevice : public RenderDevice
 {
 public:
+    sJoinedDeviceVertex* makeJoinedRoom(unsigned int) override { return nullptr; }
     void beginScene(const sRect&, const void*, unsigned int) override {}
     void endScene() override {}
     void clear(sColor, const sRect&, const sRect&) override {}

@@ -1,7 +1,6 @@
 #include "render/quadwriter.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace
 {
@@ -10,7 +9,7 @@ using sBox = QuadWriter::sBox;
 // Half a pixel, from its centre to its edge.
 constexpr float Half = 0.5f;
 
-sBox getBounds(const sTexturedDeviceVertex* corner)
+sBox getBounds(const sJoinedDeviceVertex* corner)
 {
     const auto [left, right] = std::minmax({corner[0].x, corner[1].x, corner[2].x, corner[3].x});
     const auto [top, bottom] = std::minmax({corner[0].y, corner[1].y, corner[2].y, corner[3].y});
@@ -33,7 +32,7 @@ bool isWhole(float coordinate)
     return static_cast<float>(_mm_cvttss_si32(_mm_set_ss(coordinate))) == coordinate;
 }
 
-bool isUpright(const sTexturedDeviceVertex* corner, const sBox& bounds)
+bool isUpright(const sJoinedDeviceVertex* corner, const sBox& bounds)
 {
     const auto stands = [corner](int i, float x, float y)
     {
@@ -43,20 +42,45 @@ bool isUpright(const sTexturedDeviceVertex* corner, const sBox& bounds)
            stands(2, bounds.left, bounds.bottom) && stands(3, bounds.right, bounds.bottom);
 }
 
-bool hasOneColor(const sTexturedDeviceVertex* corner)
+bool hasOneColor(const sJoinedDeviceVertex* corner)
 {
     return corner[0].color == corner[1].color && corner[0].color == corner[2].color &&
            corner[0].color == corner[3].color;
 }
 
 // Whether the texels of an upright quad are as large as that many pixels, or all the same.
-bool hasTexels(const sTexturedDeviceVertex* corner, const sBox& bounds, float texelsPerPixel)
+bool hasTexels(const sJoinedDeviceVertex* corner, const sBox& bounds, float texelsPerPixel)
 {
     const float width = (bounds.right - bounds.left) * texelsPerPixel;
     const float height = (bounds.bottom - bounds.top) * texelsPerPixel;
     return static_cast<float>(corner[1].s - corner[0].s) == width &&
            static_cast<float>(corner[2].t - corner[0].t) == height && corner[2].s == corner[0].s &&
            corner[3].s == corner[1].s && corner[1].t == corner[0].t && corner[3].t == corner[2].t;
+}
+
+bool isCuttable(const sJoinedDeviceVertex* corner, const sBox& bounds, float texelsPerPixel)
+{
+    // Texels are cut in whole numbers only.
+    const bool whole = texelsPerPixel == 0.0f || (isWhole(bounds.left) && isWhole(bounds.top));
+    return whole && isUpright(corner, bounds) && hasOneColor(corner) && hasTexels(corner, bounds, texelsPerPixel);
+}
+
+void cut(sJoinedDeviceVertex* corners, const sBox& bounds, const sBox& visible, float texelsPerPixel)
+{
+    const auto shift = [texelsPerPixel](short texel, float distance)
+    {
+        return static_cast<short>(texel + static_cast<int>(distance * texelsPerPixel));
+    };
+    for (unsigned int i = 0; i < QuadWriter::VertexNum; ++i)
+    {
+        sJoinedDeviceVertex& corner = corners[i];
+        const float x = i % 2 ? visible.right : visible.left;
+        const float y = i / 2 ? visible.bottom : visible.top;
+        corner.s = shift(corner.s, x - (i % 2 ? bounds.right : bounds.left));
+        corner.t = shift(corner.t, y - (i / 2 ? bounds.bottom : bounds.top));
+        corner.x = x;
+        corner.y = y;
+    }
 }
 
 // Lanes of a vertex in a register, as a mask tells of them.
@@ -74,12 +98,6 @@ constexpr float UprightBackward[] = {-Half, Half, Half, Half};
 __m128 load(const sPlainDeviceVertex& vertex)
 {
     return _mm_loadu_ps(&vertex.x);
-}
-
-void store(sTexturedDeviceVertex* vertex, __m128 words, const sTexcoord& texel)
-{
-    _mm_storeu_ps(&vertex->x, words);
-    std::memcpy(&vertex->s, &texel, sizeof(texel));
 }
 
 int getEqualLanes(__m128 a, __m128 b)
@@ -136,34 +154,19 @@ inline void QuadWriter::writeBox(__m128 box, __m128 vertex)
     if ((_mm_movemask_ps(_mm_cmplt_ps(visible, _mm_movehl_ps(visible, visible))) & Both) != Both)
         return;
 
-    const __m128 corners[VertexNum] = {_mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 1, 0)),
-                                       _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 1, 2)),
-                                       _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 3, 0)),
-                                       _mm_shuffle_ps(visible, vertex, _MM_SHUFFLE(3, 2, 3, 2))};
-    sTexturedDeviceVertex* end = mpEnd;
-    const sTexcoord solid = mSolid;
+    const __m128 rest = _mm_unpackhi_ps(vertex, mSolid);
+    const __m128 corners[VertexNum] = {
+        _mm_shuffle_ps(visible, rest, _MM_SHUFFLE(3, 2, 1, 0)), _mm_shuffle_ps(visible, rest, _MM_SHUFFLE(3, 2, 1, 2)),
+        _mm_shuffle_ps(visible, rest, _MM_SHUFFLE(3, 2, 3, 0)), _mm_shuffle_ps(visible, rest, _MM_SHUFFLE(3, 2, 3, 2))};
+    sJoinedDeviceVertex* end = mpEnd;
     for (const __m128& corner : corners)
-        store(end++, corner, solid);
+        _mm_storeu_ps(&(end++)->x, corner);
     mpEnd = end;
 }
 
-void QuadWriter::convert(const sTexturedDeviceVertex* vertices, unsigned int vertexNum)
+bool QuadWriter::writeCut(sQuad& quad, float texelsPerPixel)
 {
-    std::copy_n(vertices, vertexNum, mpEnd);
-}
-
-void QuadWriter::convert(const sPlainDeviceVertex* vertices, unsigned int vertexNum)
-{
-    // Copies, since no compiler can tell that a vertex is no member.
-    sTexturedDeviceVertex* converted = mpEnd;
-    const sTexcoord solid = mSolid;
-    for (unsigned int i = 0; i < vertexNum; ++i)
-        store(converted + i, load(vertices[i]), solid);
-}
-
-bool QuadWriter::finishCut(float texelsPerPixel)
-{
-    const sBox bounds = getBounds(mpEnd);
+    const sBox bounds = getBounds(quad);
     const sBox visible = getCommon(bounds, mBox);
     if (isEmpty(visible))
         return true;
@@ -171,35 +174,10 @@ bool QuadWriter::finishCut(float texelsPerPixel)
                         visible.bottom == bounds.bottom;
     if (!inside)
     {
-        if (!isCuttable(bounds, texelsPerPixel))
+        if (!isCuttable(quad, bounds, texelsPerPixel))
             return false;
-        cut(bounds, visible, texelsPerPixel);
+        cut(quad, bounds, visible, texelsPerPixel);
     }
-    mpEnd += VertexNum;
+    mpEnd = std::copy_n(quad, VertexNum, mpEnd);
     return true;
-}
-
-bool QuadWriter::isCuttable(const sBox& bounds, float texelsPerPixel) const
-{
-    // Texels are cut in whole numbers only.
-    const bool whole = texelsPerPixel == 0.0f || (isWhole(bounds.left) && isWhole(bounds.top));
-    return whole && isUpright(mpEnd, bounds) && hasOneColor(mpEnd) && hasTexels(mpEnd, bounds, texelsPerPixel);
-}
-
-void QuadWriter::cut(const sBox& bounds, const sBox& visible, float texelsPerPixel)
-{
-    const auto shift = [texelsPerPixel](short texel, float distance)
-    {
-        return static_cast<short>(texel + static_cast<int>(distance * texelsPerPixel));
-    };
-    for (unsigned int i = 0; i < VertexNum; ++i)
-    {
-        sTexturedDeviceVertex& corner = mpEnd[i];
-        const float x = i % 2 ? visible.right : visible.left;
-        const float y = i / 2 ? visible.bottom : visible.top;
-        corner.s = shift(corner.s, x - (i % 2 ? bounds.right : bounds.left));
-        corner.t = shift(corner.t, y - (i / 2 ? bounds.bottom : bounds.top));
-        corner.x = x;
-        corner.y = y;
-    }
 }

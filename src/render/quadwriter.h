@@ -3,6 +3,8 @@
 #include "foundation/spoint.h"
 #include "render/vertex.h"
 
+#include <cstring>
+
 #include <emmintrin.h>
 
 // Turns primitives into textured quads that lie inside a box, so that the picture is what the library would draw in
@@ -22,9 +24,12 @@ public:
     // At most as many vertices there for each primitive that is written.
     static constexpr unsigned int VertexNum = 4;
 
-    QuadWriter(sTexturedDeviceVertex* destination, const sBox& box, const sTexcoord& solid)
-        : mpEnd(destination), mBox(box), mSolid(solid)
+    QuadWriter(sJoinedDeviceVertex* destination, const sBox& box, const sTexcoord& solid)
+        : mpEnd(destination), mBox(box)
     {
+        int texel;
+        std::memcpy(&texel, &solid, sizeof(texel));
+        mSolid = _mm_castsi128_ps(_mm_set1_epi32(texel));
     }
 
     // Write the whole primitives among the vertices. False if one of them cannot be cut without a change to what of it
@@ -37,26 +42,28 @@ public:
     [[nodiscard]] bool writeQuads(const Vertex* vertices, unsigned int vertexNum);
 
     // Behind the last vertex written.
-    sTexturedDeviceVertex* getEnd() const { return mpEnd; }
+    sJoinedDeviceVertex* getEnd() const { return mpEnd; }
 
 private:
+    using sQuad = sJoinedDeviceVertex[VertexNum];
+
+    __m128 convert(const sTexturedDeviceVertex& vertex) const;
+    __m128 convert(const sPlainDeviceVertex& vertex) const;
     template <typename Vertex>
-    bool isInside(const Vertex* vertices, unsigned int vertexNum) const;
-    void convert(const sTexturedDeviceVertex* vertices, unsigned int vertexNum);
-    void convert(const sPlainDeviceVertex* vertices, unsigned int vertexNum);
+    bool writeInside(const Vertex* vertices, unsigned int vertexNum);
 
     bool writeLine(const sPlainDeviceVertex* ends);
     void writeBox(__m128 box, __m128 vertex);
     template <typename Vertex>
-    bool writeCut(const Vertex* corner);
-    bool finishCut(float texelsPerPixel);
-    bool isCuttable(const sBox& bounds, float texelsPerPixel) const;
-    void cut(const sBox& bounds, const sBox& visible, float texelsPerPixel);
+    bool writeCut(const Vertex* corners);
+    bool writeCut(sQuad& quad, float texelsPerPixel);
 
-    // The quad at work stands at the end.
-    sTexturedDeviceVertex* mpEnd;
+    // May be memory that is slow to be read.
+    sJoinedDeviceVertex* mpEnd;
     sBox mBox;
-    sTexcoord mSolid;
+
+    // The solid texel in each lane.
+    __m128 mSolid;
 };
 
 template <typename Vertex>
@@ -77,43 +84,57 @@ template <typename Vertex>
 bool QuadWriter::writeQuads(const Vertex* vertices, unsigned int vertexNum)
 {
     const unsigned int wholeNum = vertexNum / VertexNum * VertexNum;
-    if (isInside(vertices, wholeNum))
-    {
-        convert(vertices, wholeNum);
-        mpEnd += wholeNum;
+    if (writeInside(vertices, wholeNum))
         return true;
-    }
     const Vertex* end = vertices + wholeNum;
     while (vertices != end && writeCut(vertices))
         vertices += VertexNum;
     return vertices == end;
 }
 
-// Of whole quads. Both kinds of vertices begin with x and y; what else a register holds is not looked at.
+inline __m128 QuadWriter::convert(const sTexturedDeviceVertex& vertex) const
+{
+    return _mm_shuffle_ps(_mm_loadu_ps(&vertex.x), _mm_loadu_ps(&vertex.y), _MM_SHUFFLE(3, 2, 1, 0));
+}
+
+inline __m128 QuadWriter::convert(const sPlainDeviceVertex& vertex) const
+{
+    const __m128 words = _mm_loadu_ps(&vertex.x);
+    return _mm_shuffle_ps(words, _mm_unpackhi_ps(words, mSolid), _MM_SHUFFLE(3, 2, 1, 0));
+}
+
+// Writes whole quads; they count only if all of them are inside, as x and y tell.
 template <typename Vertex>
-bool QuadWriter::isInside(const Vertex* vertices, unsigned int vertexNum) const
+bool QuadWriter::writeInside(const Vertex* vertices, unsigned int vertexNum)
 {
     const __m128 leftTop = _mm_loadu_ps(&mBox.left);
     const __m128 rightBottom = _mm_movehl_ps(leftTop, leftTop);
     __m128 low = rightBottom;
     __m128 high = leftTop;
-    for (const Vertex* end = vertices + vertexNum; vertices != end; vertices += VertexNum)
+    sJoinedDeviceVertex* end = mpEnd;
+    for (const Vertex* last = vertices + vertexNum; vertices != last; vertices += VertexNum)
     {
         for (unsigned int i = 0; i < VertexNum; ++i)
         {
-            const __m128 vertex = _mm_loadu_ps(&vertices[i].x);
+            const __m128 vertex = convert(vertices[i]);
             low = _mm_min_ps(low, vertex);
             high = _mm_max_ps(high, vertex);
+            _mm_storeu_ps(&(end++)->x, vertex);
         }
     }
     constexpr int Both = 3;
     const __m128 inside = _mm_and_ps(_mm_cmple_ps(leftTop, low), _mm_cmple_ps(high, rightBottom));
-    return (_mm_movemask_ps(inside) & Both) == Both;
+    if ((_mm_movemask_ps(inside) & Both) != Both)
+        return false;
+    mpEnd = end;
+    return true;
 }
 
 template <typename Vertex>
-bool QuadWriter::writeCut(const Vertex* corner)
+bool QuadWriter::writeCut(const Vertex* corners)
 {
-    convert(corner, VertexNum);
-    return finishCut(sizeof(Vertex) == sizeof(sTexturedDeviceVertex) ? 1.0f : 0.0f);
+    sQuad quad;
+    for (unsigned int i = 0; i < VertexNum; ++i)
+        _mm_storeu_ps(&quad[i].x, convert(corners[i]));
+    return writeCut(quad, sizeof(Vertex) == sizeof(sTexturedDeviceVertex) ? 1.0f : 0.0f);
 }

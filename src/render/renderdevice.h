@@ -5,6 +5,7 @@
 #include "render/drawstate.h"
 
 class Texture;
+struct sJoinedDeviceVertex;
 
 // What the graphics library knows of a texture; 0 is nothing.
 struct sTextureHandle
@@ -24,8 +25,12 @@ public:
 
     virtual ~RenderDevice() = default;
 
+    // Room for `num` vertices of joined draws, to be written only, and before the scene begins. Null where there is
+    // none.
+    virtual sJoinedDeviceVertex* makeJoinedRoom(unsigned int num) = 0;
+
     // Resets the state of the library, clears the window and receives the vertices of the frame: all of `memory`,
-    // in which draws then find theirs by index.
+    // in which draws then find theirs by index, and what has been written to the room for joined ones.
     virtual void beginScene(const sRect& window, const void* memory, unsigned int size) = 0;
     virtual void endScene() = 0;
 
@@ -43,7 +48,7 @@ public:
     virtual void setTextureFiltering(eTextureFiltering filtering) = 0;
     virtual void setTextureCombineMode(eTextureCombineMode mode) = 0;
 
-    // `first` counts vertices of that declaration from the start of the frame's memory.
+    // `first` counts vertices of that declaration from the start of the frame's memory, or of the room for joined ones.
     virtual void drawVertices(ePrimitiveType type, unsigned int first, unsigned int count, eVertexDecl declaration) = 0;
 
     // `pixels` may be null. What the library refuses stops the program.

@@ -20,6 +20,9 @@ namespace
 {
 constexpr unsigned int TextureNodeNum = 256;
 
+// As large as the memory of the commands that they come from.
+constexpr unsigned int JoinedVertexNum = RenderSystem::CommandBufferSize / sizeof(sJoinedDeviceVertex);
+
 // What is replayed ahead of the first sort.
 constinit sCommand emptyFrame = {eCommand::End, sCommand::EndKey};
 
@@ -186,16 +189,20 @@ void RenderSystem::sortCommandBuffer()
     mSort.sort(mpSortedCommand, mpEntry, static_cast<unsigned int>(mEntryNum.get()), JobSystem::getInstance());
 }
 
-// The memory behind the frame's commands is free until the next frame, so that joined draws can lie there.
+// The memory behind the frame's commands is free until the next frame, so that new ones can lie there.
 void RenderSystem::replay()
 {
     sCommandMemory memory = {static_cast<unsigned char*>(mCommandBuffer.getHeap()), mCommandBuffer.getUsedSize(),
                              mCommandBuffer.getHeapSize()};
+    if (mJoin.isActive())
+        memory.joined = mpDevice->makeJoinedRoom(JoinedVertexNum);
+    memory.joinedNum = memory.joined ? JoinedVertexNum : 0;
     const sCommand* const* commands = mJoin.join(mpSortedCommand, mWindowRect, memory);
     const unsigned char* vertices = memory.begin + memory.first;
     mpDevice->beginScene(mWindowRect, vertices, memory.used - memory.first);
     const unsigned int num = static_cast<unsigned int>(mEntryNum.get());
-    mDrawCommandNum = Replay(*mpDevice, mWindowRect, vertices).execute(commands, num) + mJoin.getSavedNum();
+    mDrawCommandNum =
+        Replay(*mpDevice, mWindowRect, vertices, memory.joined).execute(commands, num) + mJoin.getSavedNum();
     mpDevice->endScene();
 }
 

@@ -30,9 +30,10 @@ void applyChange(T& current, const T& wanted, Apply apply)
 }
 }
 
-Replay::Replay(RenderDevice& device, const sRect& window, const void* memory)
+Replay::Replay(RenderDevice& device, const sRect& window, const void* memory, const void* joined)
     : mDevice(device),
       mpMemory(static_cast<const unsigned char*>(memory)),
+      mpJoined(static_cast<const unsigned char*>(joined)),
       mWindow(window),
       mTargetRect(window),
       mViewport(window),
@@ -55,7 +56,7 @@ unsigned int Replay::execute(const sCommand* const* commands, unsigned int num)
             fetch(commands[i + FetchDistance]);
         if (commands[i]->kind == eCommand::Clear)
             clear(static_cast<const sClearCommand&>(*commands[i]));
-        if (commands[i]->kind != eCommand::Draw)
+        if (commands[i]->kind != eCommand::Draw && commands[i]->kind != eCommand::JoinedDraw)
             continue;
         draw(static_cast<const sDrawCommand&>(*commands[i]));
         ++drawNum;
@@ -106,8 +107,9 @@ void Replay::applyTexture(const sDrawCommand& command)
 
 void Replay::drawVertices(const sDrawCommand& command)
 {
-    const eVertexDecl declaration = command.state.getVertexDecl();
-    const auto offset = static_cast<const unsigned char*>(command.vertices) - mpMemory;
+    const bool joined = command.kind == eCommand::JoinedDraw;
+    const eVertexDecl declaration = joined ? eVertexDecl::Joined : command.state.getVertexDecl();
+    const auto offset = static_cast<const unsigned char*>(command.vertices) - (joined ? mpJoined : mpMemory);
     mDevice.drawVertices(command.state.getPrimitiveType(),
                          static_cast<unsigned int>(offset) / getDeviceStride(declaration), command.state.vertexNum,
                          declaration);

@@ -14,8 +14,8 @@ struct sDrawCommand;
 class Replay
 {
 public:
-    // `memory` is where the frame's commands and vertices start.
-    Replay(RenderDevice& device, const sRect& window, const void* memory);
+    // `memory` is where the frame's commands and vertices start, `joined` where the vertices of joined draws do.
+    Replay(RenderDevice& device, const sRect& window, const void* memory, const void* joined);
 
     // Walks up to the end command, passing over what is neither a clear nor a draw. Returns the number of draws. There
     // is room for `num` commands in the list, whatever stands behind its end.
@@ -29,6 +29,7 @@ private:
 
     RenderDevice& mDevice;
     const unsigned char* mpMemory;
+    const unsigned char* mpJoined;
     sRect mWindow;
     sRect mTargetRect;
     sRect mViewport;

@@ -39,8 +39,19 @@ struct sTexturedDeviceVertex
     short t;
 };
 
+// A vertex of joined draws, which the join makes of both kinds.
+struct sJoinedDeviceVertex
+{
+    float x;
+    float y;
+    sColor color;
+    short s;
+    short t;
+};
+
 static_assert(sizeof(sPlainVertex) == 12 && sizeof(sTexturedVertex) == 16);
 static_assert(sizeof(sPlainDeviceVertex) == 16 && sizeof(sTexturedDeviceVertex) == 20);
+static_assert(sizeof(sJoinedDeviceVertex) == 16);
 
 // 0 for what is no declaration.
 constexpr unsigned int getSourceStride(eVertexDecl declaration)
@@ -49,11 +60,18 @@ constexpr unsigned int getSourceStride(eVertexDecl declaration)
     {
     case eVertexDecl::Plain: return sizeof(sPlainVertex);
     case eVertexDecl::Textured: return sizeof(sTexturedVertex);
+    case eVertexDecl::Joined: break;
     }
     return 0;
 }
 
 constexpr unsigned int getDeviceStride(eVertexDecl declaration)
 {
-    return declaration == eVertexDecl::Plain ? sizeof(sPlainDeviceVertex) : sizeof(sTexturedDeviceVertex);
+    switch (declaration)
+    {
+    case eVertexDecl::Plain: return sizeof(sPlainDeviceVertex);
+    case eVertexDecl::Textured: return sizeof(sTexturedDeviceVertex);
+    case eVertexDecl::Joined: return sizeof(sJoinedDeviceVertex);
+    }
+    return 0;
 }

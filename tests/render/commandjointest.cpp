@@ -32,7 +32,7 @@ protected:
         auto* memory = static_cast<unsigned char*>(const_cast<void*>(mSystem->getCommandMemory()));
         const unsigned int used =
             static_cast<unsigned int>(static_cast<unsigned char*>(mSystem->allocateCommandBuffer(0)) - memory);
-        sCommandMemory room = {memory, used, used + mRoom};
+        sCommandMemory room = {memory, used, used + 0x10000, 0, mRoom.data(), mRoomNum};
         const sCommand* const* list = mJoin.join(mSystem->getSortedCommand(), mWindow, room);
         EXPECT_LE(room.used, room.capacity);
         EXPECT_EQ(room.first % 80, 0u);
@@ -104,7 +104,8 @@ protected:
     CommandJoin mJoin{64};
     const Held<Texture> mFont{new Texture(16, 16, false, nullptr)};
     const Held<Texture> mOther{new Texture(16, 16, false, nullptr)};
-    unsigned int mRoom = 100000;
+    std::vector<sJoinedDeviceVertex> mRoom = std::vector<sJoinedDeviceVertex>(0x8000);
+    unsigned int mRoomNum = 5000;
     sDrawCommand mLastJoined = {};
 };
 }
@@ -208,13 +209,13 @@ TEST_F(CommandJoinTest, FullMemoryAndFullDrawsBeginAnewOrStayPlain)
                 addLine(context, {0, line % 90}, {50, line % 90});
         }
     };
-    mRoom = 0x100000;
+    mRoomNum = 0x8000;
     EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 10); }), "[16000] [4000] ");
-    mRoom = 100000;
+    mRoomNum = 5000;
     EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 4); }), "[4000] 1000 1000 ");
-    mRoom = 0;
+    mRoomNum = 0;
     EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 2); }), "1000 1000 ");
-    mRoom = 100000;
+    mRoomNum = 5000;
     mJoin.setSolidTexel(nullptr, Solid);
     EXPECT_EQ(join([&](DrawContext& context) { addMany(context, 2); }), "1000 1000 ");
 }
