@@ -26,6 +26,11 @@ constexpr unsigned int KeptShare = 8;
 // No primitive has fewer vertices.
 constexpr unsigned int SmallestPrimitive = 2;
 
+unsigned int getMaximumQuadNum(const sDrawCommand& command)
+{
+    return command.state.vertexNum / SmallestPrimitive;
+}
+
 unsigned int alignUp(unsigned int offset, unsigned int step)
 {
     return (offset + step - 1) / step * step;
@@ -176,7 +181,7 @@ bool CommandJoin::isJoinable(const sDrawCommand& command) const
 // Sees to a run that can take the command as a whole, where a pixel of the target is a pixel of the projection.
 bool CommandJoin::makeRoom(const sDrawCommand& command)
 {
-    const unsigned int vertexNum = command.state.vertexNum / SmallestPrimitive * QuadWriter::VertexNum;
+    const unsigned int vertexNum = getMaximumQuadNum(command) * QuadWriter::VertexNum;
     const bool open =
         mRun.command && mRun.command->viewport == command.viewport && mRun.command->projection == command.projection;
     if (open && mRun.end + vertexNum <= mRun.limit)
@@ -273,7 +278,8 @@ const sDrawCommand* CommandJoin::moveToEnd(const sDrawCommand& command)
 // Leaves no trace of a command of which a part cannot be written.
 bool CommandJoin::write(const sDrawCommand& command)
 {
-    QuadWriter writer(mRun.end, getBox(command), mSolid);
+    const auto roomNum = static_cast<unsigned int>(mRun.limit - mRun.end) / QuadWriter::VertexNum;
+    QuadWriter writer(mRun.end, roomNum - getMaximumQuadNum(command), getBox(command), mSolid);
     if (!writeAll(writer, command))
         return false;
     mRun.end = writer.getEnd();

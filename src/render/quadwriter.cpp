@@ -1,6 +1,7 @@
 #include "render/quadwriter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -95,6 +96,12 @@ constexpr float LevelBackward[] = {Half, -Half, Half, Half};
 constexpr float UprightForward[] = {-Half, -Half, Half, -Half};
 constexpr float UprightBackward[] = {-Half, Half, Half, Half};
 
+// Those of the pixel around a centre.
+constexpr float PixelEdges[] = {-Half, -Half, Half, Half};
+
+// In pixels. A longer one costs less as a line.
+constexpr float LongestDiagonal = 32.0f;
+
 __m128 load(const sPlainDeviceVertex& vertex)
 {
     return _mm_loadu_ps(&vertex.x);
@@ -133,10 +140,12 @@ inline bool QuadWriter::writeLine(const sPlainDeviceVertex* ends)
     const int equal = getEqualLanes(first, last);
     const bool level = equal & LaneY;
     const bool upright = equal & LaneX;
-    if (!(equal & LaneColor) || !(level || upright) || !isCentre(first))
+    if (!(equal & LaneColor) || !isCentre(first))
         return false;
     if (level && upright)
         return true;
+    if (!level && !upright)
+        return writeDiagonal(first, last);
 
     const float* edges = level ? (ends[0].x < ends[1].x ? LevelForward : LevelBackward)
                                : (ends[0].y < ends[1].y ? UprightForward : UprightBackward);
@@ -145,7 +154,28 @@ inline bool QuadWriter::writeLine(const sPlainDeviceVertex* ends)
     return true;
 }
 
-// Writes what of a box can be seen, with the depth and the colour of a vertex.
+// The cross of a button, say: each pixel is a quad, and the last one is not drawn.
+bool QuadWriter::writeDiagonal(__m128 first, __m128 last)
+{
+    const __m128 way = _mm_sub_ps(last, first);
+    const float width = std::abs(_mm_cvtss_f32(way));
+    const float height = std::abs(_mm_cvtss_f32(_mm_shuffle_ps(way, way, 1)));
+    if (width != height || width > LongestDiagonal || !isWhole(width))
+        return false;
+    const unsigned int pixelNum = static_cast<unsigned int>(width);
+    if (pixelNum - 1 > mSpareNum)
+        return false;
+    mSpareNum -= pixelNum - 1;
+
+    const __m128 sign = _mm_and_ps(way, _mm_set1_ps(-0.0f));
+    const __m128 step = _mm_or_ps(_mm_movelh_ps(sign, sign), _mm_set1_ps(1.0f));
+    __m128 box = _mm_add_ps(_mm_movelh_ps(first, first), _mm_loadu_ps(PixelEdges));
+    for (unsigned int i = 0; i < pixelNum; ++i, box = _mm_add_ps(box, step))
+        writeBox(box, first);
+    return true;
+}
+
+// Writes what of a box can be seen, with the colour of a vertex.
 inline void QuadWriter::writeBox(__m128 box, __m128 vertex)
 {
     const __m128 limit = _mm_loadu_ps(&mBox.left);

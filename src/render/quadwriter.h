@@ -21,11 +21,12 @@ public:
         float bottom;
     };
 
-    // At most as many vertices there for each primitive that is written.
+    // As many vertices for each primitive at most, but for a diagonal.
     static constexpr unsigned int VertexNum = 4;
 
-    QuadWriter(sJoinedDeviceVertex* destination, const sBox& box, const sTexcoord& solid)
-        : mpEnd(destination), mBox(box)
+    // `spareNum` is how many more quads than primitives there is room for.
+    QuadWriter(sJoinedDeviceVertex* destination, unsigned int spareNum, const sBox& box, const sTexcoord& solid)
+        : mpEnd(destination), mSpareNum(spareNum), mBox(box)
     {
         int texel;
         std::memcpy(&texel, &solid, sizeof(texel));
@@ -33,8 +34,8 @@ public:
     }
 
     // Write the whole primitives among the vertices. False if one of them cannot be cut without a change to what of it
-    // is inside; then some may have been written. A line has to run along the pixels, from the centre of one to
-    // another.
+    // is inside; then some may have been written. A line has to run along the pixels or as a short diagonal, from the
+    // centre of one to another.
     [[nodiscard]] bool writeLines(const sPlainDeviceVertex* vertices, unsigned int vertexNum);
     template <typename Vertex>
     [[nodiscard]] bool writeTriangles(const Vertex* vertices, unsigned int vertexNum);
@@ -53,6 +54,7 @@ private:
     bool writeInside(const Vertex* vertices, unsigned int vertexNum);
 
     bool writeLine(const sPlainDeviceVertex* ends);
+    bool writeDiagonal(__m128 first, __m128 last);
     void writeBox(__m128 box, __m128 vertex);
     template <typename Vertex>
     bool writeCut(const Vertex* corners);
@@ -60,6 +62,8 @@ private:
 
     // May be memory that is slow to be read.
     sJoinedDeviceVertex* mpEnd;
+
+    unsigned int mSpareNum;
     sBox mBox;
 
     // The solid texel in each lane.

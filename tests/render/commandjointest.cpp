@@ -118,16 +118,17 @@ TEST_F(CommandJoinTest, MakesOneDrawOfQuadsLinesTrianglesAndText)
         addLine(context, {0, 5}, {9, 5});
         addLine(context, {9, 6}, {0, 6});
         addLine(context, {3, 2}, {3, 9});
+        addLine(context, {3, 2}, {5, 0});
         addGlyph(context, {30, 40}, mFont.get());
         auto* vertex = static_cast<sPlainVertex*>(context.allocateVertices(ePrimitiveType::Triangles, 3));
         for (int i = 0; i < 3; ++i)
             vertex[i] = {{50 + i, 60 + i * i}, sColor::White};
     };
-    EXPECT_EQ(join(record), "[24] ");
+    EXPECT_EQ(join(record), "[32] ");
     EXPECT_EQ(mLastJoined.texture, mFont.get());
 
     mJoin.setEnable(false);
-    EXPECT_EQ(join(record), "4 6 4 3 ");
+    EXPECT_EQ(join(record), "4 8 4 3 ");
 }
 
 TEST_F(CommandJoinTest, LeavesAloneWhatItCannotDrawToTheSamePicture)

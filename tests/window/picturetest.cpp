@@ -146,7 +146,10 @@ void paintAtRandom(UIPainter& painter)
         case 5: painter.drawTriangle(place, point(), point(), color()); break;
         case 6: painter.drawRect(rect, color(), color(), color(), color()); break;
         case 7:
-            painter.drawLine(place, i % 16 < 8 ? point() : sPoint(place.x, place.y - number(0, 50)), color());
+            const int length = number(-50, 50);
+            const int rise = i % 48 < 24 ? length : -length;
+            const sPoint ends[] = {point(), {place.x, place.y - length}, {place.x - length, place.y - rise}};
+            painter.drawLine(place, ends[i / 8 % 3], color());
             break;
         }
     }
