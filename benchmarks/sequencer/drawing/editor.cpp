@@ -43,10 +43,14 @@ public:
         unsigned int hidden;
     };
 
+    // No time passes between the frames of a benchmark, so each of them counts as one of the program.
+    void update(float /*deltaTime*/) override { AnimTool::update(1.0f); }
+
     void arrange(bool extracted)
     {
         setPosition(sPoint(0, 24));
         setSize({Initializer.windowWidth, Initializer.windowHeight - 24});
+        resetLayout();
         runFrames(2);
         enlargeTimeline();
         for (ObjectBase* track : getSequence()->getTrackList())
