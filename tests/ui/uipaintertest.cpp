@@ -1,6 +1,7 @@
 #include "ui/uipainter.h"
 
 #include "tests/support/elements.h"
+#include "ui/uilinerun.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +64,27 @@ TEST_F(UIPainterTest, AlignsTextInARectangle)
         EXPECT_EQ(mPosition, sPoint(columns[i / 3].first, tops[i % 3])) << i;
         EXPECT_EQ(paintString({10, 20, 70, 50}, "abcdefghijklmnopqrst", alignment), columns[i / 3].second);
         EXPECT_EQ(mPosition, sPoint(10, tops[i % 3])) << i;
+    }
+}
+
+TEST_F(UIPainterTest, DrawsTheLinesOfARunInTheirOrder)
+{
+    constexpr int LineNum = 150;
+    const std::vector<sRecordedDraw> draws = paint(
+        [](UIPainter& painter)
+        {
+            UILineRun lines(painter);
+            for (int i = 0; i < LineNum; ++i)
+                lines.add(sPoint(i, -1), sPoint(2 * i, i), sColor(0, 0, 0, static_cast<unsigned char>(i)));
+        });
+    ASSERT_EQ(draws.size(), 1u);
+    ASSERT_EQ(draws[0].vertices.size(), 2u * LineNum);
+    for (int i = 0; i < LineNum; ++i)
+    {
+        const std::size_t vertex = 2 * static_cast<std::size_t>(i);
+        EXPECT_EQ(getPoint(draws[0], vertex), sPoint(i, -1));
+        EXPECT_EQ(getPoint(draws[0], vertex + 1), sPoint(2 * i, i));
+        EXPECT_EQ(draws[0].vertices[vertex + 1].color.a, i);
     }
 }
 
