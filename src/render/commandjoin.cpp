@@ -111,7 +111,7 @@ void CommandJoin::setSolidTexel(Texture* texture, const sTexcoord& place)
 const sCommand* const* CommandJoin::join(const sCommand* const* commands, const sRect& window, sCommandMemory& memory)
 {
     mSavedNum = 0;
-    if (!isActive())
+    if (!isActive() || !memory.joined)
         return commands;
 
     mWindow = window;
